@@ -1,0 +1,21 @@
+// The telemetry log: records appended as JSON lines to "telemetry.jsonl" in the
+// player's directory, for the parents' progress reports.
+#pragma once
+#include <string>
+#include "ostra/PlatformTypes.h"
+
+class CLogData {
+ public:
+  virtual ~CLogData() {}
+  // The record's type name, e.g. "TitleStart".
+  virtual const char* GetTypeName() const = 0;
+  // Appends the record's fields as JSON members ("\"key\":value,...") to `out`.
+  virtual void WriteFields(std::string& out) const = 0;
+};
+
+class CLogFile {
+ public:
+  static CLogFile* Instance();
+  bool Append(const CLogData& record);
+  std::string GetPath() const;
+};
