@@ -30,7 +30,9 @@ void GameHost::Update() {
   m_DeltaMS = m_FrameMS - m_PrevFrameMS;
 }
 
-void GameHost::SetRandomSeed(uint32_t seed) const { srand(seed); }
+void GameHost::SetRandomSeed(uint32_t seed) const {
+  srand(seed);
+}
 
 uint32_t GameHost::GenerateRandomSeed() const {
   uint32_t seed = static_cast<uint32_t>(time(nullptr));
@@ -38,6 +40,8 @@ uint32_t GameHost::GenerateRandomSeed() const {
   return seed;
 }
 
-uint32_t GameHost::GetRandomU32(uint32_t n) const { return static_cast<uint32_t>(rand()) % n; }
+uint32_t GameHost::GetRandomU32(uint32_t n) const {
+  return static_cast<uint32_t>(rand()) % n;
+}
 
 }  // namespace nox

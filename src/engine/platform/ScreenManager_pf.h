@@ -1,0 +1,33 @@
+// Device half of the screen manager: the platform's GL configuration (EGL display,
+// surface and context), owned here, and the few EGL calls made on it.
+#pragma once
+#include <cstdint>
+
+#include "core/NoCopy.h"
+
+namespace Hollin {
+namespace Ostra {
+class OstraOpenGLConfig;
+}
+}  // namespace Hollin
+
+namespace nox {
+
+class ScreenManager_pf : public NoCopy {
+ protected:
+  ScreenManager_pf() = default;
+  ~ScreenManager_pf();
+  // Creates the GL configuration; false when the platform could not make one.
+  bool CreateDisplay();
+  void DestroyDisplay();
+  void SetSwapInterval(int interval);
+  void PresentFrame();
+  // Device size in pixels, as the display reports it.
+  void QueryDeviceSize(uint16_t& width, uint16_t& height) const;
+
+ private:
+  Hollin::Ostra::OstraOpenGLConfig* m_pConfig = nullptr;  // owned
+  uint32_t m_ScreenCount = 0;
+};
+
+}  // namespace nox

@@ -1,0 +1,124 @@
+#include "app/Title.h"
+
+#include "core/Debug.h"
+#include "core/GameHost.h"
+#include "core/Real.h"
+#include "core/Settings.h"
+#include "graphics/ScreenManager.h"
+#include "graphics/WindowManager.h"
+#include "ostra/System.h"
+
+namespace noxfw {
+
+using nox::GameHost;
+using nox::Real;
+
+Title::Title() : m_AudioPath("Audio/"), m_Profiler("Title") {}
+
+Title::~Title() {}
+
+void Title::Enter() {
+  GameHost::Create();
+  nox::ScreenManager::Create();
+  nox::Settings::Create();
+  nox::WindowManager::Create();
+  RegisterSettings();
+}
+
+uint32_t Title::ClampedDelta(uint32_t deltaMS, uint8_t fixedStep) {
+  if (deltaMS <= kMaxFrameMS) return deltaMS;
+  // A stall of more than a second advances by the fixed step in frames of 1/60 s,
+  // taken as a whole number of ms: 0 with the default step of 1, on purpose.
+  Real step = Real(static_cast<int>(fixedStep)) * Real::FromRaw(0x444);
+  return static_cast<uint32_t>(step.ToInt());
+}
+
+void Title::MeasureFrame() {
+  GameHost* host = GameHost::s_pGameHost;
+  uint32_t now = host->GetCurrentMilliseconds();
+  m_Profiler.m_LastFrameMS = now - m_Profiler.m_FrameStartMS;
+  m_Profiler.m_WindowSumMS += m_Profiler.m_LastFrameMS;
+  m_Profiler.m_FrameEndMS = now;
+  if (m_Profiler.m_WindowFrames == kStatisticsWindow) {
+    // The sum is shifted into Q16.16 first; a sum of 0 gives 0 without dividing.
+    Real sum = Real::FromRaw(static_cast<int32_t>(m_Profiler.m_WindowSumMS << 16));
+    Real fps = sum.Raw() == 0 ? Real::FromRaw(0) : Real(20000) / sum;
+    m_Profiler.m_FPS = static_cast<uint32_t>(fps.ToInt());
+    m_Profiler.m_AverageMS = m_Profiler.m_WindowSumMS / kStatisticsWindow;
+    m_Profiler.m_WindowSumMS = 0;
+    m_Profiler.m_WindowFrames = 0;
+  }
+  m_LastFPS = m_Profiler.m_FPS;
+  m_Profiler.m_FrameStartMS = host->GetCurrentMilliseconds();
+  ++m_Profiler.m_WindowFrames;
+}
+
+void Title::HandleInput() {
+  MeasureFrame();
+  GameHost::s_pGameHost->Update();
+  nox::WindowManager::Get()->HandleInput();
+  if (Vantle::CSystem().AreCheatsEnabled()) RunDebugGestures();
+}
+
+void Title::RunDebugGestures() {}
+
+void Title::Update() {
+  GameHost* host = GameHost::s_pGameHost;
+  uint32_t dt = ClampedDelta(host->GetDeltaMS(), host->GetFixedStep());
+  nox::WindowManager::Get()->Update(dt);
+}
+
+void Title::Draw() {
+  nox::WindowManager* windows = nox::WindowManager::Get();
+  windows->Clear();
+  windows->Draw();
+  if (Vantle::CSystem().AreCheatsEnabled()) PrintStatistics();
+  nox::ScreenManager::GetPtr()->SwapBuffers(0);
+}
+
+void Title::Throttle() {
+  if (!nox::Settings::s_pSettings->GetBoolValue("Throttle Framerate")) return;
+  GameHost* host = GameHost::s_pGameHost;
+  uint32_t now = host->GetCurrentMilliseconds();
+  if (m_LastThrottleMS == 0) {
+    m_LastThrottleMS = now;
+    return;
+  }
+  uint32_t target = 1000 / host->GetTargetFPS();
+  uint32_t elapsed = now - m_LastThrottleMS;
+  if (elapsed >= target) {
+    m_LastThrottleMS = now;
+    return;
+  }
+  host->Sleep(target - elapsed);
+  m_LastThrottleMS = host->GetCurrentMilliseconds();
+}
+
+void Title::Leave() {
+  nox::GameHost::Destroy();
+  nox::WindowManager::Destroy();
+  nox::Settings::Destroy();
+  nox::ScreenManager::Destroy();
+}
+
+void Title::ShowSettingsScene() {}
+
+void Title::PrintStatistics() {}
+
+void Title::RegisterSettings() {
+  nox::Settings* s = nox::Settings::s_pSettings;
+  s->RegisterU32("Sound Duck Amount", 20, 0, 100, 5, "1.Global", nullptr);
+  s->RegisterU32("Sound Duck Step", 4, 1, 10, 1, "1.Global", nullptr);
+  s->RegisterU32("Background Music Level", 45, 0, 100, 5, "1.Global", nullptr);
+  s->RegisterBool("Throttle Framerate", false, "2.Debug", nullptr);
+  s->RegisterBool("Erase Save Game", false, "2.Debug", nullptr);
+  s->RegisterBool("Award All Badges", false, "1.Global", nullptr);
+  s->RegisterBool("Disable Random Exhaustive Shuffling", false, "1.Global", nullptr);
+  s->RegisterBool("Print FPS", false, "2.Debug", nullptr);
+  s->RegisterBool("Unlock All Games", true, "1.Global", nullptr);
+  s->RegisterBool("Unlock All Unlockables", false, "1.Global", nullptr);
+  s->RegisterBool("Stop all BGM", false, "1.Global", nullptr);
+  s->RegisterBool("View Rambler Screen", false, "1.Global", nullptr);
+}
+
+}  // namespace noxfw
