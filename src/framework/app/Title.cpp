@@ -1,7 +1,9 @@
 #include "app/Title.h"
 
 #include "core/Debug.h"
+#include "core/DownloadManager.h"
 #include "core/GameHost.h"
+#include "core/PathRegistry.h"
 #include "core/Real.h"
 #include "core/Settings.h"
 #include "graphics/ScreenManager.h"
@@ -19,9 +21,11 @@ Title::~Title() {}
 
 void Title::Enter() {
   GameHost::Create();
+  nox::PathRegistry::Create();
   nox::ScreenManager::Create();
   nox::Settings::Create();
   nox::WindowManager::Create();
+  nox::DownloadManager::Create();
   RegisterSettings();
 }
 
@@ -95,10 +99,14 @@ void Title::Throttle() {
 }
 
 void Title::Leave() {
+  // The host goes before the window, settings and screen singletons: none of them
+  // may ask for the time while being destroyed.
+  nox::DownloadManager::Destroy();
   nox::GameHost::Destroy();
   nox::WindowManager::Destroy();
   nox::Settings::Destroy();
   nox::ScreenManager::Destroy();
+  nox::PathRegistry::Destroy();
 }
 
 void Title::ShowSettingsScene() {}
