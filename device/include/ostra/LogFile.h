@@ -13,9 +13,13 @@ class CLogData {
   virtual void WriteFields(std::string& out) const = 0;
 };
 
+// Appends `text` to `out` as a JSON string literal, quotes included, escaping as needed.
+void AppendJsonString(std::string& out, const char* text);
+
 class CLogFile {
  public:
   static CLogFile* Instance();
+  // Writes {"time":<kernel ms>,"type":"<type name>",<fields>} and a newline in one write.
   bool Append(const CLogData& record);
   std::string GetPath() const;
 };

@@ -1,0 +1,18 @@
+// Counts heap allocations made on the thread that drives the app, for --stats. The
+// executable replaces the global operator new and interposes malloc, calloc and realloc;
+// it is linked with -rdynamic, so App.so and libostra.so resolve them here too and the
+// count covers the game, the platform and the host alike. Sanitizer builds keep their
+// own allocator: there the counter is not available and --stats says so.
+#pragma once
+#include <cstdint>
+
+namespace appmanager {
+namespace AllocCounter {
+
+bool IsAvailable();
+// From now on, allocations made on the calling thread are counted.
+void CountThisThread();
+uint64_t Count();
+
+}  // namespace AllocCounter
+}  // namespace appmanager

@@ -1,0 +1,4 @@
+// A library that is not an application: it exports no CreateApp.
+extern "C" int NotAnApplication() {
+  return 0;
+}
