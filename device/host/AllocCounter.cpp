@@ -19,6 +19,7 @@ namespace {
 
 std::atomic<uint64_t> s_Count{0};
 thread_local bool t_bCounted = false;
+thread_local bool t_bPaused = false;
 
 inline void Note() {
   if (t_bCounted) s_Count.fetch_add(1, std::memory_order_relaxed);
@@ -34,6 +35,14 @@ bool IsAvailable() {
 }
 void CountThisThread() {
   t_bCounted = true;
+}
+void PauseThisThread() {
+  t_bPaused = t_bCounted;
+  t_bCounted = false;
+}
+void ResumeThisThread() {
+  t_bCounted = t_bPaused;
+  t_bPaused = false;
 }
 uint64_t Count() {
   return s_Count.load(std::memory_order_relaxed);

@@ -12,6 +12,10 @@ namespace AllocCounter {
 bool IsAvailable();
 // From now on, allocations made on the calling thread are counted.
 void CountThisThread();
+// Stops and restarts counting on this thread (only if it was counted), for host steps
+// that are the GL driver's own business, such as finishing the frame's rendering.
+void PauseThisThread();
+void ResumeThisThread();
 uint64_t Count();
 
 }  // namespace AllocCounter

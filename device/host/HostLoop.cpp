@@ -159,7 +159,13 @@ int RunHost(const Options& options) {
     }
 
     Ostra::Clock::AdvanceFrame();
-    if (!suspended) app->Update();
+    if (!suspended) {
+      app->Update();
+      // The driver's fences for finishing the frame are its own allocations, not ours.
+      AllocCounter::PauseThisThread();
+      Ostra::Framebuffer::FinishFrame();
+      AllocCounter::ResumeThisThread();
+    }
 
     bool shotDue = events.screenshot;
     for (const ScreenshotRequest& shot : options.screenshots) shotDue |= shot.frame == frame;

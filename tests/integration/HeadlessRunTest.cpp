@@ -74,6 +74,9 @@ TEST(HeadlessRun, SteadyFramesOfTheHostAllocateNothing) {
   EXPECT_NE(r.out.find("heap allocations per frame: n/a (sanitizer build)"), std::string::npos) << r.out;
 #else
   EXPECT_NE(r.out.find("heap allocations per frame: 0.00 ("), std::string::npos) << r.out;
+  // The count does see the app's heap: one block a frame shows as one.
+  r = RunFake({"--frames", "200", "--stats"}, {"FAKE_APP_ALLOCATE=1"});
+  EXPECT_NE(r.out.find("heap allocations per frame: 1.00 (140 in 140 frames"), std::string::npos) << r.out;
 #endif
 }
 

@@ -31,6 +31,10 @@ void Detach() {
   s_Context = EGL_NO_CONTEXT;
 }
 
+void FinishFrame() {
+  if (IsLive() && eglGetCurrentContext() == s_Context) glFinish();
+}
+
 bool ReadPixels(U8* rgba) {
   if (!IsLive()) return false;
   // The game may have left its context current elsewhere or bound nothing at all.

@@ -22,6 +22,11 @@ bool IsLive();
 // first). Returns false (and leaves `rgba` alone) when there is no display.
 bool ReadPixels(U8* rgba);
 
+// Ends the frame on the GL side: waits until the game's drawing is done. A pbuffer's
+// swap does nothing, and a software renderer would otherwise defer (and, after the next
+// full clear, drop) the frame's work, which would hide its cost from --stats.
+void FinishFrame();
+
 // Called by OstraOpenGLConfig.
 void Attach(EGLDisplay display, EGLSurface surface, EGLContext context);
 void Detach();

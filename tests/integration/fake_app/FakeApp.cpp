@@ -9,7 +9,8 @@
 //   fake_app: tilt X Y Z              for each accelerometer message
 //   fake_app: suspend | resume | exit
 // The environment variable FAKE_APP_POP_FRAME makes it call PopApp on that frame.
-// Nothing here allocates per frame, so --stats can see the host's own allocations.
+// Nothing here allocates per frame, so --stats can see the host's own allocations;
+// FAKE_APP_ALLOCATE=1 makes it allocate (and free) one block a frame, to prove the count.
 #include <EGL/egl.h>
 #include <GLES/gl.h>
 
@@ -55,6 +56,8 @@ class FakeApp : public CAppInterface {
     m_Accelerometer.RegisterEventListener(&m_Tilt);
     const char* pop = getenv("FAKE_APP_POP_FRAME");
     m_PopFrame = pop ? atol(pop) : -1;
+    const char* allocate = getenv("FAKE_APP_ALLOCATE");
+    m_bAllocate = allocate && allocate[0] == '1';
     Print("fake_app: enter\n");
   }
 
@@ -86,6 +89,11 @@ class FakeApp : public CAppInterface {
     }
     eglSwapBuffers(m_pDisplay->eglDisplay, m_pDisplay->eglSurface);
     if (m_Frame == m_PopFrame) CAppManager::Instance()->PopApp();
+    if (m_bAllocate) {
+      // Kept until the next frame, so the compiler cannot drop the pair.
+      delete[] m_pScratch;
+      m_pScratch = new char[64];
+    }
     ++m_Frame;
   }
 
@@ -93,6 +101,8 @@ class FakeApp : public CAppInterface {
     m_Accelerometer.UnregisterEventListener(&m_Tilt);
     delete m_pDisplay;
     m_pDisplay = nullptr;
+    delete[] m_pScratch;
+    m_pScratch = nullptr;
     Print("fake_app: exit after %ld frames\n", m_Frame);
   }
 
@@ -109,6 +119,8 @@ class FakeApp : public CAppInterface {
   long m_Frame = 0;
   long m_PopFrame = -1;
   bool m_bTouching = false;
+  bool m_bAllocate = false;
+  char* m_pScratch = nullptr;  // owned
   int m_TouchX = 0;
   int m_TouchY = 0;
 };
