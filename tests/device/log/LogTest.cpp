@@ -6,6 +6,7 @@
 #include "ostra/DebugOut.h"
 #include "ostra/HostConfig.h"
 #include "ostra/LogFile.h"
+#include "ostra/LogRecords.h"
 
 namespace {
 
@@ -59,6 +60,19 @@ TEST_F(LogTest, RecordsAreAppendedAsOneJsonLineEachWithTimeAndType) {
             "{\"time\":17,\"type\":\"CorrectAnswer\",\"id\":31,\"question\":\"2 + 2 = "
             "\\\"4\\\"?\\n\\ttab\\u0001\"}\n"
             "{\"time\":34,\"type\":\"Title\\\"Exit\"}\n");
+}
+
+TEST_F(LogTest, TheGamesRecordsWriteTheirFieldsInOrder) {
+  CLogFile* log = CLogFile::Instance();
+  ASSERT_TRUE(log->Append(LogData::Foxglove::CTitleStart(99, "PartNumber", "1.0", 1)));
+  ASSERT_TRUE(log->Append(LogData::Foxglove::CWrongAnswer(7, "Which?", "\"that\"")));
+  ASSERT_TRUE(log->Append(LogData::Foxglove::CAchievementEarned(65535)));
+  EXPECT_EQ(ReadText(log->GetPath()),
+            "{\"time\":0,\"type\":\"TitleStart\",\"id\":99,\"name\":\"PartNumber\",\"version\":\"1.0\","
+            "\"number\":1}\n"
+            "{\"time\":0,\"type\":\"WrongAnswer\",\"questionId\":7,\"question\":\"Which?\",\"answer\":"
+            "\"\\\"that\\\"\"}\n"
+            "{\"time\":0,\"type\":\"AchievementEarned\",\"id\":65535}\n");
 }
 
 TEST_F(LogTest, DebugOutputReachesTheLogFileAtOnce) {
