@@ -20,6 +20,9 @@ SDL_Window* s_pWindow = nullptr;
 SDL_Surface* s_pFrame = nullptr;   // 480x272 in the window's pixel format
 SDL_Rect s_Dest = {0, 0, kW, kH};  // where the frame lands in the window
 SDL_GameController* s_Pads[kMaxPads] = {};
+const int kMaxHeldKeys = 16;
+SDL_Keycode s_HeldKeys[kMaxHeldKeys];  // button keys down now; two keys may share a button
+int s_HeldKeyCount = 0;
 U32 s_KeyButtons = 0;         // buttons held on the keyboard
 U32 s_PadButtons = 0;         // and on the gamepads
 U32 s_AppliedButtons = 0;     // what the input state was last given
@@ -78,9 +81,13 @@ void OnKey(const SDL_KeyboardEvent& key, bool down, HostEvents& out) {
     ApplyTilt();
     return;
   }
-  U32 bit = KeyMap::ButtonOfKey(code);
-  if (!bit) return;
-  s_KeyButtons = down ? (s_KeyButtons | bit) : (s_KeyButtons & ~bit);
+  if (!KeyMap::ButtonOfKey(code)) return;
+  int i = 0;
+  while (i < s_HeldKeyCount && s_HeldKeys[i] != code) ++i;
+  if (down && i == s_HeldKeyCount && s_HeldKeyCount < kMaxHeldKeys) s_HeldKeys[s_HeldKeyCount++] = code;
+  if (!down && i < s_HeldKeyCount) s_HeldKeys[i] = s_HeldKeys[--s_HeldKeyCount];
+  s_KeyButtons = 0;
+  for (int k = 0; k < s_HeldKeyCount; ++k) s_KeyButtons |= KeyMap::ButtonOfKey(s_HeldKeys[k]);
   ApplyButtons();
 }
 
@@ -94,6 +101,19 @@ void OnPadAxis(const SDL_ControllerAxisEvent& axis) {
   else
     return;
   ApplyTilt();
+}
+
+// Several pads, and two pad buttons for Home, may hold one bit: ask every pad afresh.
+void OnPadButton() {
+  s_PadButtons = 0;
+  for (SDL_GameController* pad : s_Pads) {
+    if (!pad) continue;
+    for (int b = 0; b < SDL_CONTROLLER_BUTTON_MAX; ++b) {
+      SDL_GameControllerButton button = static_cast<SDL_GameControllerButton>(b);
+      if (SDL_GameControllerGetButton(pad, button)) s_PadButtons |= KeyMap::ButtonOfPad(button);
+    }
+  }
+  ApplyButtons();
 }
 
 void OpenPad(int index) {
@@ -116,6 +136,7 @@ void ClosePad(SDL_JoystickID id) {
 
 // Letting go of everything when focus goes keeps keys from sticking down.
 void ReleaseAll() {
+  s_HeldKeyCount = 0;
   s_KeyButtons = s_PadButtons = 0;
   s_KeyTilt[0] = s_KeyTilt[1] = s_StickTilt[0] = s_StickTilt[1] = 0;
   ApplyButtons();
@@ -219,12 +240,9 @@ void PumpEvents(HostEvents& out) {
         ClosePad(event.cdevice.which);
         break;
       case SDL_CONTROLLERBUTTONDOWN:
-      case SDL_CONTROLLERBUTTONUP: {
-        U32 bit = KeyMap::ButtonOfPad(static_cast<SDL_GameControllerButton>(event.cbutton.button));
-        s_PadButtons = event.type == SDL_CONTROLLERBUTTONDOWN ? (s_PadButtons | bit) : (s_PadButtons & ~bit);
-        ApplyButtons();
+      case SDL_CONTROLLERBUTTONUP:
+        OnPadButton();
         break;
-      }
       case SDL_CONTROLLERAXISMOTION:
         OnPadAxis(event.caxis);
         break;
