@@ -1,9 +1,12 @@
-// The window's input mapping, on SDL's dummy video driver: events pushed into SDL's
+// The window on SDL's dummy video driver: its picture, and events pushed into SDL's
 // queue come out as platform input in device pixels, and the host hears of focus.
 #include <SDL.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
+#include <tuple>
+#include <vector>
 
 #include "input/InputState.h"
 #include "ostra/AccelerometerMPI.h"
@@ -16,7 +19,7 @@ namespace {
 
 using namespace Hollin::Ostra;
 
-class WindowInput : public ::testing::Test {
+class SdlWindow : public ::testing::Test {
  protected:
   void SetUp() override {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
@@ -55,7 +58,7 @@ class WindowInput : public ::testing::Test {
   }
 };
 
-TEST_F(WindowInput, MousePositionsAreScaledBackToDevicePixels) {
+TEST_F(SdlWindow, MousePositionsAreScaledBackToDevicePixels) {
   PushMouse(SDL_MOUSEMOTION, 30, 30);  // moving without the button is no touch
   PushMouse(SDL_MOUSEBUTTONDOWN, 0, 0);
   PushMouse(SDL_MOUSEMOTION, 720, 408);
@@ -76,7 +79,7 @@ TEST_F(WindowInput, MousePositionsAreScaledBackToDevicePixels) {
   EXPECT_EQ(touches[2].y, 271);
 }
 
-TEST_F(WindowInput, KeysPressButtonsAndTiltAndFocusLossLetsEverythingGo) {
+TEST_F(SdlWindow, KeysPressButtonsAndTiltAndFocusLossLetsEverythingGo) {
   PushKey(SDL_KEYDOWN, SDLK_z);
   PushKey(SDL_KEYDOWN, SDLK_ESCAPE);
   PushKey(SDL_KEYDOWN, SDLK_RETURN);  // a second key for A
@@ -104,6 +107,42 @@ TEST_F(WindowInput, KeysPressButtonsAndTiltAndFocusLossLetsEverythingGo) {
   quit.type = SDL_QUIT;
   SDL_PushEvent(&quit);
   EXPECT_TRUE(Pump().quit);
+}
+
+TEST_F(SdlWindow, APictureIsShownScaledWithSquarePixelsAndItsColoursKept) {
+  // A 480x272 picture: red rises to the right, blue downwards, one odd pixel at (1, 1).
+  std::vector<U8> rgba(480 * 272 * 4);
+  for (int y = 0; y < 272; ++y) {
+    for (int x = 0; x < 480; ++x) {
+      U8* p = &rgba[(y * 480 + x) * 4];
+      p[0] = static_cast<U8>(x / 2);
+      p[1] = (x == 1 && y == 1) ? 255 : 0;
+      p[2] = static_cast<U8>(y);
+      p[3] = 255;
+    }
+  }
+  Window::Present(rgba.data());
+  SDL_Window* window = SDL_GetWindowFromID(1);
+  ASSERT_NE(window, nullptr);
+  SDL_Surface* surface = SDL_GetWindowSurface(window);
+  ASSERT_EQ(surface->w, 1440);
+  ASSERT_EQ(surface->h, 816);
+  auto colour = [&](int x, int y) {
+    Uint32 pixel = 0;
+    memcpy(&pixel,
+           static_cast<U8*>(surface->pixels) + y * surface->pitch + x * surface->format->BytesPerPixel,
+           surface->format->BytesPerPixel);
+    U8 r, g, b;
+    SDL_GetRGB(pixel, surface->format, &r, &g, &b);
+    return std::make_tuple(int(r), int(g), int(b));
+  };
+  EXPECT_EQ(colour(0, 0), std::make_tuple(0, 0, 0));
+  // Device pixel (1, 1) covers window pixels 3..5 in both directions, and no others.
+  EXPECT_EQ(colour(3, 3), std::make_tuple(0, 255, 1));
+  EXPECT_EQ(colour(5, 5), std::make_tuple(0, 255, 1));
+  EXPECT_EQ(colour(6, 5), std::make_tuple(1, 0, 1));
+  EXPECT_EQ(colour(1439, 815), std::make_tuple(239, 0, 271 % 256));
+  EXPECT_EQ(colour(720, 408), std::make_tuple(120, 0, 136));
 }
 
 }  // namespace
