@@ -157,6 +157,7 @@ int RunHost(const Options& options) {
   boost::shared_ptr<CAppInterface> app = createApp(nullptr);
   if (!app) {
     Say("CreateApp returned no application");
+    if (windowed) Ostra::Window::Close();
     return 1;
   }
   app->Enter();
