@@ -46,7 +46,12 @@ class FixedPoint {
   // Truncation of f * 65536.0f, computed in float. Explicit because floating point
   // is for rare, named uses only.
   explicit constexpr FixedPoint(float f) : m_Raw(SaturateToS32(f * 65536.0f)) {}
-  explicit constexpr FixedPoint(double d) : FixedPoint(static_cast<float>(d)) {}
+  // Narrowed to float first; values far outside the range are clamped before the
+  // narrowing, which would otherwise be undefined, and saturate as above.
+  explicit constexpr FixedPoint(double d)
+      : FixedPoint(d > 65536.0    ? 65536.0f
+                   : d < -65536.0 ? -65536.0f
+                                  : static_cast<float>(d)) {}
 
   static constexpr FixedPoint FromRaw(RawType raw) {
     FixedPoint r;

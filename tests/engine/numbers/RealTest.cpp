@@ -91,6 +91,8 @@ TEST(Real, ToIntRoundsTowardsMinusInfinityButFloatsTruncateTowardsZero) {
   // Out of range saturates instead of being undefined.
   EXPECT_EQ(Real(1e10f).Raw(), INT32_MAX);
   EXPECT_EQ(Real(-1e10f).Raw(), INT32_MIN);
+  EXPECT_EQ(Real(1e300).Raw(), INT32_MAX);
+  EXPECT_EQ(Real(0.1).Raw(), Real(0.1f).Raw());
   EXPECT_EQ(Real::FromRaw(0x8000).ToFloat(), 0.5f);
   EXPECT_EQ(Real::FromRaw(-0x10000).ToFloat(), -1.0f);
 }
