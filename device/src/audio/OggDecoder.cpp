@@ -2,14 +2,6 @@
 
 #include <cstdio>
 
-// libostra is linked with vorbisfile, but the entry points are weak so that a build
-// without the library still links: every ".ogg" then opens as a broken stream.
-#pragma weak ov_open_callbacks
-#pragma weak ov_clear
-#pragma weak ov_info
-#pragma weak ov_read
-#pragma weak ov_pcm_seek
-
 namespace Hollin {
 namespace Ostra {
 namespace {
@@ -24,11 +16,6 @@ bool OggDecoder::Open(const std::string& path) {
   Close();
   FILE* file = fopen(path.c_str(), "rb");
   if (!file) return false;
-  if (!&ov_open_callbacks) {
-    fclose(file);
-    m_bBroken = true;
-    return true;
-  }
   // From here on vorbisfile owns the FILE, even when it refuses the stream.
   if (ov_open_callbacks(file, &m_File, nullptr, 0, OV_CALLBACKS_DEFAULT) != 0) {
     fclose(file);
