@@ -1,6 +1,9 @@
 #include "shell/GameTitle.h"
 
 #include "core/Settings.h"
+#include "learning/Logger.h"
+#include "ostra/MetaInfo.h"
+#include "ostra/SystemData.h"
 
 namespace game {
 

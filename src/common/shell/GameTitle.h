@@ -25,6 +25,8 @@ class GameTitle : public noxfw::Title {
   void SetExitPopUpOpen(bool open) { m_bExitPopUpOpen = open; }
 
  private:
+  void LogTitleStart();
+
   bool m_bExitFromMainMenu = false;
   bool m_bSuspended = false;
   bool m_bExitPopUpOpen = false;
