@@ -18,7 +18,9 @@ constexpr NameHash HashAppend(NameHash h, char c) {
   return h * 33u + static_cast<unsigned char>(c);
 }
 
+// A null text adds nothing.
 constexpr NameHash HashAppend(NameHash h, const char* s) {
+  if (!s) return h;
   while (*s) h = HashAppend(h, *s++);
   return h;
 }

@@ -170,13 +170,6 @@ TEST_F(PathsTest, RecordsCutLongTextAndASecondPackageWithTheSameIdTakesItOver) {
   EXPECT_EQ(m_Log.Count("cut to 63"), 1);
 }
 
-TEST_F(PathsTest, NoDownloadsDirectoryMeansNoPackages) {
-  PathRegistry::Create();
-  DownloadManager::Create();
-  EXPECT_EQ(DownloadManager::Get()->GetPackageCount(), 0u);
-  EXPECT_EQ(PathRegistry::sm_pInstance->m_LevelPaths.size(), 1u);
-}
-
 TEST_F(PathsTest, LoaderReadsWholeFilesWithATerminatorAfterThem) {
   std::string path = m_Dir / "level.fun";
   Put(path, "123 456");

@@ -239,13 +239,4 @@ TEST_F(StreamedFileTest, AChunkThatDoesNotInflateIsNotHandedOut) {
   EXPECT_NE(file.LoadChunk(3), nullptr);  // the slot is still usable
 }
 
-TEST_F(StreamedFileTest, ReferenceCountTellsTheOwnerWhenToDelete) {
-  nox::StreamedFile* file = new nox::StreamedFile();
-  file->AddRef();
-  file->AddRef();
-  EXPECT_TRUE(file->Release());
-  EXPECT_FALSE(file->Release());
-  delete file;
-}
-
 }  // namespace
