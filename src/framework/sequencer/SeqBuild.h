@@ -1,0 +1,67 @@
+// Script-building calls: each appends one step to a sequencer and returns its
+// position, with the step's ID as the optional last argument. Owners that keep a
+// sequencer (question managers, scenes, quests) forward their own SeqX calls here.
+//
+//   SeqWait(m_Sequencer, 500);
+//   SeqFunction(m_Sequencer, boost::bind(&Scene::OpenDoor, this));
+//   SeqClassFunc<Scene, &Scene::CloseDoor>(m_Sequencer, this);
+#pragma once
+#include <boost/function.hpp>
+
+#include "sequencer/ClassFuncSeqItem.h"
+#include "sequencer/ConditionallySequenceSeqItem.h"
+#include "sequencer/FunctionSeqItem.h"
+#include "sequencer/Sequencer.h"
+#include "sequencer/WaitSeqItem.h"
+
+namespace noxfw {
+
+inline Sequencer::iterator SeqWait(Sequencer& sequencer, unsigned long ms, unsigned long id = 0) {
+  return sequencer.AppendItem(new WaitSeqItem(ms, id));
+}
+
+inline Sequencer::iterator SeqFunction(Sequencer& sequencer, const boost::function<void()>& function,
+                                       unsigned long id = 0) {
+  return sequencer.AppendItem(new FunctionSeqItem(function, id));
+}
+
+// Holds the script until the function returns true.
+inline Sequencer::iterator SeqWaitUntil(Sequencer& sequencer, const boost::function<bool()>& function,
+                                        unsigned long id = 0) {
+  return sequencer.AppendItem(new CheckBoolFunctionSeqItem(function, id));
+}
+
+inline Sequencer::iterator SeqConditionalFunction(Sequencer& sequencer,
+                                                  const boost::function<bool()>& condition,
+                                                  const boost::function<void()>& ifTrue,
+                                                  const boost::function<void()>& ifFalse,
+                                                  unsigned long id = 0) {
+  return sequencer.AppendItem(new ConditionalFunctionSeqItem(condition, ifTrue, ifFalse, id));
+}
+
+// Takes ownership of both steps, either of which may be null.
+inline Sequencer::iterator SeqConditionally(Sequencer& sequencer, const boost::function<bool()>& condition,
+                                            SequencerItem* ifTrue, SequencerItem* ifFalse,
+                                            unsigned long id = 0) {
+  return sequencer.AppendItem(new ConditionallySequenceSeqItem(condition, ifTrue, ifFalse, id));
+}
+
+template <class C, void (C::*Method)()>
+Sequencer::iterator SeqClassFunc(Sequencer& sequencer, C* object, unsigned long id = 0) {
+  return sequencer.AppendItem(new ClassFuncSeqItem(&ClassFunc<C, Method>, object, id));
+}
+
+template <class C, class T, void (C::*Method)(T)>
+Sequencer::iterator SeqClassFuncWithParam(Sequencer& sequencer, C* object, T argument, unsigned long id = 0) {
+  return sequencer.AppendItem(
+      new ClassFuncSeqItemWithParam<T>(&ClassFuncWithParam<C, T, Method>, object, argument, id));
+}
+
+// Holds the script while the member's result differs from `waitForTrue`.
+template <class C, bool (C::*Method)()>
+Sequencer::iterator SeqClassCheckBool(Sequencer& sequencer, C* object, bool waitForTrue,
+                                      unsigned long id = 0) {
+  return sequencer.AppendItem(new ClassCheckBoolFuncSeqItem(&ClassFunc<C, Method>, object, waitForTrue, id));
+}
+
+}  // namespace noxfw
