@@ -2,6 +2,8 @@
 
 #include <GLES/gl.h>
 
+#include "graphics/GLUtils.h"
+#include "graphics/Screen.h"
 #include "graphics/ScreenManager.h"
 #include "graphics/Window.h"
 
@@ -9,7 +11,8 @@ namespace nox {
 
 WindowManager* WindowManager::sm_pInstance = nullptr;
 
-WindowManager::WindowManager() : m_ClearColour{0, 0, 0, 255 << 16}, m_Marker(1, nullptr) {
+WindowManager::WindowManager()
+    : m_ClearColour{Real(0), Real(0), Real(0), Real(255)}, m_Profiler("Test"), m_Marker(1, nullptr) {
   m_InputCopy.reserve(32);
 }
 
@@ -48,9 +51,9 @@ void WindowManager::Update(unsigned long ms) {
 }
 
 void WindowManager::UpdateList(std::list<Window*>& list, unsigned long ms) {
-  // A marker node sits behind the window being updated, so the window may close
-  // itself or any other window; the walk resumes from the marker's successor. The
-  // marker node is spliced, never allocated.
+  // The marker sits behind the window being updated, so the window may close itself
+  // or any other window; the walk resumes from the marker's successor. Its node is
+  // spliced in and out, never allocated, and holds null so no search ever finds it.
   auto it = list.begin();
   while (it != list.end()) {
     Window* window = *it;
@@ -64,7 +67,6 @@ void WindowManager::UpdateList(std::list<Window*>& list, unsigned long ms) {
 }
 
 bool WindowManager::HandleInputList(const std::list<Window*>& list) {
-  // Handlers may open and close windows, so walk a copy, newest first.
   m_InputCopy.assign(list.begin(), list.end());
   for (auto it = m_InputCopy.rbegin(); it != m_InputCopy.rend(); ++it) {
     if ((*it)->HandleInput()) return true;
@@ -77,12 +79,21 @@ void WindowManager::HandleInput() {
   HandleInputList(m_Windows);
 }
 
+void WindowManager::SetClearColour(Real red, Real green, Real blue, Real alpha) {
+  m_ClearColour[0] = red;
+  m_ClearColour[1] = green;
+  m_ClearColour[2] = blue;
+  m_ClearColour[3] = alpha;
+}
+
 void WindowManager::Clear() {
-  glClearColorx(m_ClearColour[0], m_ClearColour[1], m_ClearColour[2], m_ClearColour[3]);
+  glClearColorx(m_ClearColour[0].Raw(), m_ClearColour[1].Raw(), m_ClearColour[2].Raw(),
+                m_ClearColour[3].Raw());
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
 void WindowManager::Draw() {
+  ApplyOrthographicProjection(ScreenManager::Get(), Real(0), Real(-1000));
   glShadeModel(GL_FLAT);
   glDepthFunc(GL_LEQUAL);
   glEnable(GL_DEPTH_TEST);
@@ -91,15 +102,22 @@ void WindowManager::Draw() {
   glEnable(GL_BLEND);
   glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
+  glTranslatex(m_GlobalDrawOffset.x.Raw(), m_GlobalDrawOffset.y.Raw(), m_GlobalDrawOffset.z.Raw());
   DrawList(m_Windows);
   DrawList(m_Overlays);
 }
 
 void WindowManager::DrawList(const std::list<Window*>& list) {
   ScreenManager* screens = ScreenManager::GetPtr();
-  for (Window* window : list) {
+  for (auto it = list.begin(); it != list.end();) {
+    Window* window = *it++;
+    // A listed window is visible by contract; one that is not is passed over rather
+    // than waited on.
     if (!window->GetVisible()) continue;
-    if (screens) screens->SetActiveScreen(0);
+    if (screens) {
+      const Screen* screen = window->GetScreen();
+      screens->SetActiveScreen(screen ? screen->GetId() : 0);
+    }
     glClear(GL_DEPTH_BUFFER_BIT);
     window->Draw();
   }
