@@ -7,11 +7,13 @@
 //   SeqClassFunc<Scene, &Scene::CloseDoor>(m_Sequencer, this);
 #pragma once
 #include <boost/function.hpp>
+#include <string>
 
 #include "sequencer/ClassFuncSeqItem.h"
 #include "sequencer/ConditionallySequenceSeqItem.h"
 #include "sequencer/FunctionSeqItem.h"
 #include "sequencer/Sequencer.h"
+#include "sequencer/SoundSeqItems.h"
 #include "sequencer/WaitSeqItem.h"
 
 namespace noxfw {
@@ -62,6 +64,32 @@ template <class C, bool (C::*Method)()>
 Sequencer::iterator SeqClassCheckBool(Sequencer& sequencer, C* object, bool waitForTrue,
                                       unsigned long id = 0) {
   return sequencer.AppendItem(new ClassCheckBoolFuncSeqItem(&ClassFunc<C, Method>, object, waitForTrue, id));
+}
+
+// Sounds. With a name the step owns a new sound of that name at priority 100; with
+// the caller's sound object the step plays that object (a streaming one is loaded
+// with the name when the step starts, so one object serves a whole script).
+
+inline Sequencer::iterator SeqMemorySound(Sequencer& sequencer, const char* name, unsigned long category,
+                                          bool dontWait = false, unsigned long id = 0) {
+  return sequencer.AppendItem(new PlayMemorySoundSeqItem(name, category, id, dontWait));
+}
+
+inline Sequencer::iterator SeqMemorySound(Sequencer& sequencer, nox::MemorySound& sound,
+                                          unsigned long category, bool dontWait = false,
+                                          unsigned long id = 0) {
+  return sequencer.AppendItem(new PlayMyMemorySoundSeqItem(&sound, category, dontWait, id));
+}
+
+inline Sequencer::iterator SeqStreamingSound(Sequencer& sequencer, const char* name, unsigned long category,
+                                             bool dontWait = false, unsigned long id = 0) {
+  return sequencer.AppendItem(new PlayStreamingSoundSeqItem(name, category, id, dontWait));
+}
+
+inline Sequencer::iterator SeqStreamingSound(Sequencer& sequencer, nox::StreamingSound& sound,
+                                             const std::string& name, unsigned long category,
+                                             bool dontWait = false, unsigned long id = 0) {
+  return sequencer.AppendItem(new PlayMyStreamingSoundSeqItem(&sound, category, name, dontWait, id));
 }
 
 }  // namespace noxfw

@@ -15,8 +15,7 @@
 #include "ostra/BaseUtils.h"
 #include "ostra/HostAudio.h"
 #include "ostra/HostConfig.h"
-#include "sequencer/Sequencer.h"
-#include "sequencer/SoundSeqItems.h"
+#include "sequencer/SeqBuild.h"
 #include "sound/SoundManager.h"
 #include "sound/SoundPlayer.h"
 
@@ -140,8 +139,8 @@ TEST_F(SoundSeqItemsTest, CancellingStopsAWaitedSoundButNotADontWaitOne) {
 
   // A don't-wait step ends on its first frame; the manager's copy plays on after
   // the step is gone.
-  sequencer.AppendItem(new noxfw::PlayMemorySoundSeqItem("beep", kEffects, 3, true));
-  sequencer.AppendItem(new noxfw::PlayMemorySoundSeqItem("beep", kEffects, 3, true));
+  noxfw::SeqMemorySound(sequencer, "beep", kEffects, true, 3);
+  noxfw::SeqMemorySound(sequencer, "beep", kEffects, true, 3);
   Frame(sequencer);
   EXPECT_EQ(sequencer.HasSeqID(3), 1);
   EXPECT_TRUE(sequencer.TerminateItemID(3, true));  // the second, unstarted
@@ -197,8 +196,8 @@ class ScriptedStream : public nox::StreamingSound {
 TEST_F(SoundSeqItemsTest, CallersStreamingSoundLoadsEachLineWhenItsStepStarts) {
   ScriptedStream voice;
   Sequencer sequencer;
-  sequencer.AppendItem(new noxfw::PlayMyStreamingSoundSeqItem(&voice, kSpeech, "KDNA0001"));
-  sequencer.AppendItem(new noxfw::PlayMyStreamingSoundSeqItem(&voice, kSpeech, "KDNA0002"));
+  noxfw::SeqStreamingSound(sequencer, voice, "KDNA0001", kSpeech);
+  noxfw::SeqStreamingSound(sequencer, voice, "KDNA0002", kSpeech);
   EXPECT_TRUE(voice.m_Loaded.empty());  // nothing touched while queued
   Frame(sequencer);
   EXPECT_EQ(voice.m_Loaded, (std::vector<std::string>{"KDNA0001"}));
