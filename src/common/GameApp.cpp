@@ -1,5 +1,7 @@
 #include "GameApp.h"
 
+#include "platform/Input_pf.h"
+
 namespace game {
 
 GameApp::GameApp(void*) {}
@@ -23,11 +25,14 @@ void GameApp::Exit() {
 }
 
 void GameApp::Suspend() {
+  nox::Input_pf::Suspend();
   // The exit pop-up has already paused the scene; it stays in charge.
   if (!m_Title.IsExitPopUpOpen()) m_Title.Suspend();
 }
 
 void GameApp::Resume() {
+  // Touches queued while suspended are stale; they go before the first frame.
+  nox::Input_pf::Resume();
   if (!m_Title.IsExitPopUpOpen()) m_Title.Resume();
 }
 

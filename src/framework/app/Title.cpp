@@ -8,9 +8,21 @@
 #include "core/Settings.h"
 #include "graphics/ScreenManager.h"
 #include "graphics/WindowManager.h"
+#include "input/Input.h"
 #include "ostra/System.h"
 
 namespace noxfw {
+
+namespace {
+
+// While the screen transition is faded out or running, no window sees the frame's
+// input (polling has happened all the same). There is no transition yet: this is
+// where its IsFadedOrTransitioning belongs.
+bool ScreenTransitionHoldsInput() {
+  return false;
+}
+
+}  // namespace
 
 using nox::GameHost;
 using nox::Real;
@@ -26,7 +38,10 @@ void Title::Enter() {
   nox::Settings::Create();
   nox::WindowManager::Create();
   nox::DownloadManager::Create();
+  nox::Input::Create(1);
   RegisterSettings();
+  // One poll now, so that the first frame sees no stale edge.
+  nox::Input::s_pInput->Update();
 }
 
 uint32_t Title::ClampedDelta(uint32_t deltaMS, uint8_t fixedStep) {
@@ -60,6 +75,8 @@ void Title::MeasureFrame() {
 void Title::HandleInput() {
   MeasureFrame();
   GameHost::s_pGameHost->Update();
+  nox::Input::s_pInput->Update();
+  if (ScreenTransitionHoldsInput()) return;
   nox::WindowManager::Get()->HandleInput();
   if (Vantle::CSystem().AreCheatsEnabled()) RunDebugGestures();
 }
@@ -106,6 +123,7 @@ void Title::Leave() {
   nox::WindowManager::Destroy();
   nox::Settings::Destroy();
   nox::ScreenManager::Destroy();
+  nox::Input::Destroy();
   nox::PathRegistry::Destroy();
 }
 
