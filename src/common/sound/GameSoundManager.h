@@ -30,8 +30,8 @@ class GameSoundManager : public nox::SoundManager {
     kEffects = 10,
     kMenuConfirmation = 11,
   };
-  static const uint32_t kCategoryCount = 13;
-  static const uint32_t kUnlimited = 0xFFFFFFFFu;  // a limit the active count never reaches
+  static constexpr uint32_t kCategoryCount = 13;
+  static constexpr uint32_t kUnlimited = 0xFFFFFFFFu;  // a limit the active count never reaches
 
   // Nothing when a sound manager exists; otherwise installs a new GameSoundManager.
   static void Create();

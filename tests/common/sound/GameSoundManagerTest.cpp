@@ -120,13 +120,13 @@ TEST_F(GameSoundManagerTest, WorldSoundsGiveWayToTheQuietest) {
   MemorySound* quiet = Make("long", 50);
   Manager()->Play(loud, 4, false);
   Manager()->Play(quiet, 4, false);
-  // Priority 99 finds no candidate; the rule stops the quieter of the two.
+  // Priority 99 finds no candidate among sounds of 100. Quieter than everything there:
+  // refused; louder than one of them: the rule stops the quieter of the two.
+  EXPECT_FALSE(Manager()->Play(Make("long", 30, 99), 4, false));
+  EXPECT_EQ(Active(4), (std::vector<Sound*>{loud, quiet}));
   MemorySound* middle = Make("long", 70, 99);
   EXPECT_TRUE(Manager()->Play(middle, 4, false));
   EXPECT_FALSE(quiet->IsPlaying());
-  EXPECT_EQ(Active(4), (std::vector<Sound*>{loud, middle}));
-  // Quieter than everything there: refused.
-  EXPECT_FALSE(Manager()->Play(Make("long", 30, 99), 4, false));
   EXPECT_EQ(Active(4), (std::vector<Sound*>{loud, middle}));
 
   // Copies of the same Action effect: the quietest copy gives way before the slots are
