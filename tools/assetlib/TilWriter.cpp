@@ -8,6 +8,7 @@ namespace assetlib {
 namespace {
 
 constexpr uint32_t kSide = 32;
+constexpr size_t kTileMaxPacked = 2048;  // the engine reads a tile into a buffer of this size
 
 }  // namespace
 
@@ -49,6 +50,11 @@ bool BuildTil(const Image& image, const TilOptions& options, const std::string& 
       auto found = stored.find(tile);
       if (found == stored.end()) {
         const Bytes packed = Pack(tile);
+        if (packed.size() > kTileMaxPacked) {
+          error = name + ": the tile at column " + std::to_string(column) + ", row " + std::to_string(row) +
+                  " does not pack into 2048 bytes";
+          return false;
+        }
         const uint32_t offset = static_cast<uint32_t>(out.data.size());
         Append(out.data, packed);
         found = stored.emplace(tile, std::make_pair(offset, static_cast<uint32_t>(packed.size()))).first;
