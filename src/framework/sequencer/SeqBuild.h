@@ -9,11 +9,15 @@
 #include <boost/function.hpp>
 #include <string>
 
+#include "core/HashString.h"
+#include "core/Real.h"
+#include "sequencer/AnimSeqItems.h"
 #include "sequencer/ClassFuncSeqItem.h"
 #include "sequencer/ConditionallySequenceSeqItem.h"
 #include "sequencer/FunctionSeqItem.h"
 #include "sequencer/Sequencer.h"
 #include "sequencer/SoundSeqItems.h"
+#include "sequencer/TweenTileAnimAlphaSeqItem.h"
 #include "sequencer/WaitSeqItem.h"
 
 namespace noxfw {
@@ -64,6 +68,36 @@ template <class C, bool (C::*Method)()>
 Sequencer::iterator SeqClassCheckBool(Sequencer& sequencer, C* object, bool waitForTrue,
                                       unsigned long id = 0) {
   return sequencer.AppendItem(new ClassCheckBoolFuncSeqItem(&ClassFunc<C, Method>, object, waitForTrue, id));
+}
+
+// Tile animations, borrowed.
+
+// Plays `sequence` from `frame`; with `wait` the script holds until it ends.
+inline Sequencer::iterator SeqAnim(Sequencer& sequencer, nox::TileAnimation& animation,
+                                   nox::NameHash sequence, bool wait = true, long frame = 0,
+                                   unsigned long id = 0) {
+  return sequencer.AppendItem(new PlayAnimSequenceSeqItem(&animation, sequence, frame, !wait, id));
+}
+
+inline Sequencer::iterator SeqHold(Sequencer& sequencer, nox::TileAnimation& animation,
+                                   nox::NameHash sequence, long frame, unsigned long id = 0) {
+  return sequencer.AppendItem(new HoldAnimSequenceSeqItem(&animation, sequence, frame, id));
+}
+
+inline Sequencer::iterator SeqWaitAnim(Sequencer& sequencer, nox::TileAnimation& animation,
+                                       unsigned long id = 0) {
+  return sequencer.AppendItem(new WaitOnAnimSeqItem(&animation, id));
+}
+
+inline Sequencer::iterator SeqVisible(Sequencer& sequencer, nox::TileAnimation& animation, bool visible,
+                                      unsigned long id = 0) {
+  return sequencer.AppendItem(new SetTileAnimVisibleSeqItem(&animation, visible, id));
+}
+
+inline Sequencer::iterator SeqFadeAnim(Sequencer& sequencer, nox::TileAnimation& animation,
+                                       nox::Real startAlpha, nox::Real endAlpha, unsigned long ms,
+                                       unsigned long id = 0) {
+  return sequencer.AppendItem(new TweenTileAnimAlphaSeqItem(&animation, startAlpha, endAlpha, ms, id));
 }
 
 // Sounds. With a name the step owns a new sound of that name at priority 100; with
