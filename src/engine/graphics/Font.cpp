@@ -6,6 +6,7 @@
 #include "core/Loader.h"
 #include "core/PathRegistry.h"
 #include "core/WrapArith.h"
+#include "graphics/GLBuffer.h"
 
 namespace nox {
 
@@ -130,6 +131,17 @@ void Font::FormatBytes(const char* text, unsigned long length, short* positions,
   });
   if (triangles) *triangles = count;
   if (size) *size = Vector2(Real(width), GetHeight());
+}
+
+void Font::FormatText(const std::string& text, GLBuffer& positions, GLBuffer& coords,
+                      unsigned long* triangles, Vector2* size) const {
+  // Zeroed, since blanks and bytes without glyphs leave their part of the upload unwritten.
+  short positionStore[kMaxBufferedText * 12] = {};
+  Real coordStore[kMaxBufferedText * 12];
+  const unsigned long length = text.size() < kMaxBufferedText ? text.size() : kMaxBufferedText;
+  FormatBytes(text.data(), length, positionStore, coordStore, triangles, size);
+  positions.Update(static_cast<uint32_t>(length * kPositionBytesPerGlyph), positionStore);
+  coords.Update(static_cast<uint32_t>(length * kCoordBytesPerGlyph), coordStore);
 }
 
 }  // namespace nox

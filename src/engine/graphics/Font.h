@@ -18,12 +18,17 @@
 
 namespace nox {
 
+class GLBuffer;
+
 class Font : public GLTexture {
  public:
   // Vertices, position pairs and coordinate pairs that one glyph makes.
   static constexpr unsigned long kVerticesPerGlyph = 6;
   static constexpr unsigned long kPositionBytesPerGlyph = 24;  // 12 signed 16-bit values
   static constexpr unsigned long kCoordBytesPerGlyph = 48;     // 12 Reals
+  // The GLBuffer form of FormatText builds on the stack and takes at most this many
+  // bytes of a text.
+  static constexpr unsigned long kMaxBufferedText = 256;
 
   // An empty font; Load or AdoptGlyphTable fill it.
   Font();
@@ -57,6 +62,11 @@ class Font : public GLTexture {
   // and `coords` 12 Reals per glyph, room for which the caller sizes with
   // MeasureText. `triangles` and `size`, if given, receive the count and the size.
   void FormatText(const std::string& text, short* positions, Real* coords, unsigned long* triangles,
+                  Vector2* size) const;
+  // The same into two GL buffers, uploaded with the full size of the text (24 and 48
+  // bytes per byte, blanks and bytes without glyphs included); at most
+  // kMaxBufferedText bytes are taken.
+  void FormatText(const std::string& text, GLBuffer& positions, GLBuffer& coords, unsigned long* triangles,
                   Vector2* size) const;
 
  private:
