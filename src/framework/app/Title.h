@@ -31,6 +31,9 @@ class Title {
   static const uint32_t kMaxFrameMS = 1000;
   // Frames in one statistics window.
   static const uint32_t kStatisticsWindow = 20;
+  // The debug hold: this long, inside a square of this many pixels in the far corner.
+  static const uint32_t kDebugHoldMS = 3000;
+  static const int32_t kDebugCornerPixels = 32;
 
  protected:
   // The dt handed to every subsystem this frame.
