@@ -3,6 +3,7 @@
 // and bad, and a mix that repeats to the byte.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <mutex>
 #include <thread>
@@ -37,6 +38,10 @@ struct Recorder : Ostra::IEventListener {
     std::lock_guard<std::mutex> lock(m_Lock);
     m_Done.push_back(Done{data.audioID, data.payload, data.count, std::this_thread::get_id()});
     return Ostra::kNoErr;
+  }
+  size_t Size() {
+    std::lock_guard<std::mutex> lock(m_Lock);
+    return m_Done.size();
   }
   std::vector<Done> Take() {
     std::lock_guard<std::mutex> lock(m_Lock);
@@ -346,6 +351,32 @@ TEST_F(AudioModuleTest, TheSameCallsWriteTheSameFileToTheByte) {
                  static_cast<unsigned char>(first[42]) << 16 |
                  static_cast<U32>(static_cast<unsigned char>(first[43])) << 24;
   EXPECT_EQ(dataSize, first.size() - 44);
+}
+
+TEST_F(AudioModuleTest, TheSoundDevicePullsTheMixOnItsOwnThread) {
+  // SDL's dummy driver runs the device thread at the pace of real time, with no sound.
+  setenv("SDL_AUDIODRIVER", "dummy", 1);
+  std::string error;
+  if (!HostAudio::Configure(m_Dir / "device.wav", false, false, error)) GTEST_SKIP() << error;
+  EXPECT_TRUE(HostAudio::IsDeviceOutput());
+  std::vector<S16> block(800, 3000);  // 50 ms
+  tAudioID id = StartBlock(block);
+  HostAudio::Update();  // the device keeps its own time
+  for (int i = 0; i < 200 && m_Audio.IsAudioPlaying(id); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_FALSE(m_Audio.IsAudioPlaying(id));
+  for (int i = 0; i < 200 && m_Default.Size() == 0; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  std::vector<Recorder::Done> done = m_Default.Take();
+  ASSERT_EQ(done.size(), 1u);
+  EXPECT_EQ(done[0].id, id);
+  HostAudio::Shutdown();
+  EXPECT_FALSE(HostAudio::IsDeviceOutput());
+  std::vector<S16> mix = ReadMix(m_Dir / "device.wav");
+  size_t loud = 0;
+  for (size_t i = 0; i < mix.size(); i += 2) loud += mix[i] == 3000;
+  EXPECT_GE(loud, 50u * 32 - 2);
+  unsetenv("SDL_AUDIODRIVER");
 }
 
 }  // namespace
