@@ -1,15 +1,12 @@
 #include "graphics/Animation.h"
 
-#include "graphics/TileAnimation.h"
+#include "graphics/RenderBuffer2D.h"
 
 namespace nox {
 
-// Until the sprite batch is in, both draw alone.
 void Animation::DrawBuffered(RenderBuffer2D& buffer) {
-  Draw();
-}
-
-void TileAnimation::DrawBuffered(RenderBuffer2D& buffer) {
+  // Whatever the batch holds lies deeper and must reach the screen first.
+  buffer.Flush();
   Draw();
 }
 
