@@ -16,8 +16,8 @@ struct StateMatrix4x4 {
 
 class GLState {
  public:
-  static const int kFlagCount = 38;  // the 37 named capabilities and one spare
-  static const int kNamedFlags = 37;
+  static constexpr int kFlagCount = 38;  // the 37 named capabilities and one spare
+  static constexpr int kNamedFlags = 37;
 
   // Zeroes everything, then takes the model view matrix when its stack is one deep.
   GLState();

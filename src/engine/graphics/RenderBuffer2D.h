@@ -29,8 +29,8 @@ static_assert(sizeof(Vertex2D) == 24, "GL reads vertices with a stride of 24 byt
 
 class RenderBuffer2D : public NoCopy {
  public:
-  static const int kStoreWords = 2048;                                                   // 32-bit words
-  static const int kMaxVertices = kStoreWords * 4 / static_cast<int>(sizeof(Vertex2D));  // 341
+  static constexpr int kStoreWords = 2048;                                                   // 32-bit words
+  static constexpr int kMaxVertices = kStoreWords * 4 / static_cast<int>(sizeof(Vertex2D));  // 341
 
   RenderBuffer2D();
 

@@ -50,7 +50,7 @@ class Screen : public Screen_pf, public EventListener<Accelerometer> {
     bool released = false;   // lifted in this update
   };
 
-  static const int kReservedTouchStates = 5;
+  static constexpr int kReservedTouchStates = 5;
 
   // An unused screen, id 0xFFFFFFFF and no size.
   Screen();

@@ -9,7 +9,7 @@
 namespace nox {
 
 struct ButtonMap {
-  static const int kEntries = 12;
+  static constexpr int kEntries = 12;
   uint16_t m_Buttons[kEntries];  // logical bits, 0 for none
 };
 

@@ -27,7 +27,7 @@ namespace nox {
 class Input : public Input_pf, public EventSource<Input> {
  public:
   enum EventType { kCloseApp = 0 };
-  static const uint32_t kDoubleTapMS = 500;
+  static constexpr uint32_t kDoubleTapMS = 500;
 
   // Replaces any existing instance; `count` controller slots.
   static void Create(uint8_t count);

@@ -14,8 +14,8 @@ class GLTexture;
 
 class RenderTarget_pf : public NoCopy {
  public:
-  static const int kScreenWidth = 480;
-  static const int kScreenHeight = 272;
+  static constexpr int kScreenWidth = 480;
+  static constexpr int kScreenHeight = 272;
 
   // Makes `texture` the target, empties the dirty rectangle, sets the paint state
   // (depth test by `useDepth`, no alpha test, blending, culling or dithering) and
