@@ -274,16 +274,16 @@ AbstractHull* CollisionPool::Trace(const Vector3& origin, const Vector3& destina
   return nullptr;
 }
 
-AxisBox CollisionPool::GetBoundingBox() const {
-  AxisBox box;
+Rectangle CollisionPool::GetBoundingBox() const {
+  Rectangle box;
   bool first = true;
   for (const ProjectedHull* node = m_Sentinel.m_pNext; node; node = node->m_pNext) {
     const Interval x = node->m_pHull->GetProjectionX();
     const Interval y = node->m_pHull->GetProjectionY();
-    if (first || x.min < box.x.min) box.x.min = x.min;
-    if (first || x.max > box.x.max) box.x.max = x.max;
-    if (first || y.min < box.y.min) box.y.min = y.min;
-    if (first || y.max > box.y.max) box.y.max = y.max;
+    if (first || x.min < box.left) box.left = x.min;
+    if (first || y.min < box.top) box.top = y.min;
+    if (first || x.max > box.right) box.right = x.max;
+    if (first || y.max > box.bottom) box.bottom = y.max;
     first = false;
   }
   return box;

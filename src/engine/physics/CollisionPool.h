@@ -17,6 +17,7 @@
 #include "core/NoCopy.h"
 #include "core/Vector2.h"
 #include "core/Vector3.h"
+#include "graphics/Rectangle.h"
 #include "physics/CollisionInfo.h"
 #include "physics/Interval.h"
 #include "physics/ProjectedHull.h"
@@ -66,7 +67,7 @@ class CollisionPool : public NoCopy {
   // `out`; null and `out` = destination when none.
   AbstractHull* Trace(const Vector3& origin, const Vector3& destination, Vector3& out);
   // The union of the hulls' x and y projections; all zero for an empty pool.
-  AxisBox GetBoundingBox() const;
+  Rectangle GetBoundingBox() const;
   void Draw(const Vector2& offset);
 
   unsigned GetHullCount() const { return m_HullCount; }

@@ -25,6 +25,12 @@ void CollisionRig::Release() {
   m_bInitialized = false;
 }
 
+void CollisionRig::Initialize(AnimInfo* sprite, const char* prefix, CollisionPool* pool,
+                              CollisionRigFunction callback, void* owner, RTTIBase* rtti) {
+  m_AnimSource.SetAnimInfo(sprite);
+  Initialize(&m_AnimSource, prefix, pool, callback, owner, rtti);
+}
+
 void CollisionRig::Initialize(RectSeriesSource* sprite, const char* prefix, CollisionPool* pool,
                               CollisionRigFunction callback, void* owner, RTTIBase* rtti) {
   Release();
@@ -47,7 +53,7 @@ void CollisionRig::Initialize(RectSeriesSource* sprite, const char* prefix, Coll
   m_pElements = new Element[count];
   m_pWidths = new Real[count]();
   m_pHeights = new Real[count]();
-  m_pExtents = new AxisBox[count]();
+  m_pExtents = new Rectangle[count]();
   for (int i = 0; i < count; ++i) {
     Element& e = m_pElements[i];
     e.m_Particle.m_Mass = Real(1);
@@ -65,12 +71,12 @@ void CollisionRig::UpdateRig(Real z, Real depth) {
   if (!m_bEnabled) return;
   for (int i = 0; i < m_Count; ++i) {
     Element& e = m_pElements[i];
-    const AxisBox r = m_pSprite->GetCurrentRect(e.m_Series);
-    if (r == AxisBox()) {
+    const Rectangle r = m_pSprite->GetCurrentRect(e.m_Series);
+    if (r == Rectangle()) {
       e.m_Hull.setEnabled(false);
       continue;
     }
-    const Vector3 position((r.x.min + r.x.max) / Real(2), (r.y.min + r.y.max) / Real(2), z);
+    const Vector3 position((r.left + r.right) / Real(2), (r.top + r.bottom) / Real(2), z);
     Particle& p = e.m_Particle;
     if (position != p.m_Position) p.m_bMoved = true;
     // The previous position moves along, so the velocity is kept.
@@ -78,10 +84,10 @@ void CollisionRig::UpdateRig(Real z, Real depth) {
     p.m_Position = position;
     e.m_Hull.setHalfDepth(depth / Real(2));
     e.m_Hull.setEnabled(true);
-    e.m_Hull.setHalfSize((r.x.max - r.x.min) / Real(2), (r.y.max - r.y.min) / Real(2));
+    e.m_Hull.setHalfSize((r.right - r.left) / Real(2), (r.bottom - r.top) / Real(2));
     m_pExtents[i] = r;
-    m_pWidths[i] = r.x.max - r.x.min;
-    m_pHeights[i] = r.y.max - r.y.min;
+    m_pWidths[i] = r.GetWidth();
+    m_pHeights[i] = r.GetHeight();
   }
 }
 
@@ -126,23 +132,23 @@ Vector2 CollisionRig::GetRigWidthHeight(int index) const {
   return Vector2(m_pWidths[index], m_pHeights[index]);
 }
 
-AxisBox CollisionRig::GetMaxExtents() const {
-  AxisBox result;
+Rectangle CollisionRig::GetMaxExtents() const {
+  Rectangle result;
   bool first = true;
   for (int i = 0; i < m_Count; ++i) {
-    const AxisBox& r = m_pExtents[i];
-    if (r == AxisBox()) continue;
-    if (first || r.x.min < result.x.min) result.x.min = r.x.min;
-    if (first || r.x.max > result.x.max) result.x.max = r.x.max;
-    if (first || r.y.min < result.y.min) result.y.min = r.y.min;
-    if (first || r.y.max > result.y.max) result.y.max = r.y.max;
+    const Rectangle& r = m_pExtents[i];
+    if (r == Rectangle()) continue;
+    if (first || r.left < result.left) result.left = r.left;
+    if (first || r.top < result.top) result.top = r.top;
+    if (first || r.right > result.right) result.right = r.right;
+    if (first || r.bottom > result.bottom) result.bottom = r.bottom;
     first = false;
   }
   return result;
 }
 
-AxisBox CollisionRig::GetRigExtents(int index) const {
-  return index >= 0 && index < m_Count ? m_pExtents[index] : AxisBox();
+Rectangle CollisionRig::GetRigExtents(int index) const {
+  return index >= 0 && index < m_Count ? m_pExtents[index] : Rectangle();
 }
 
 void CollisionRig::OnCollision(const CollisionInfo& info) {

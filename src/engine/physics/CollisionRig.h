@@ -13,15 +13,16 @@
 #include "core/HashString.h"
 #include "core/NoCopy.h"
 #include "core/Vector2.h"
+#include "graphics/Rectangle.h"
 #include "physics/CollisionNotifier.h"
-#include "physics/Interval.h"
 #include "physics/Particle.h"
+#include "physics/RectSeriesSource.h"
 #include "physics/RectangleHull.h"
 
 namespace nox {
 
+class AnimInfo;
 class CollisionPool;
-class RectSeriesSource;
 
 class CollisionRig : public NoCopy {
  public:
@@ -32,6 +33,10 @@ class CollisionRig : public NoCopy {
 
   // Counts the series, makes one particle and one disabled box for each, and puts
   // the boxes into `pool` (if any). `rtti` owns the boxes for the same-owner rule.
+  // Allocates; the sprite is borrowed.
+  void Initialize(AnimInfo* sprite, const char* prefix, CollisionPool* pool, CollisionRigFunction callback,
+                  void* owner, RTTIBase* rtti);
+  // The same for any source of rectangles.
   void Initialize(RectSeriesSource* sprite, const char* prefix, CollisionPool* pool,
                   CollisionRigFunction callback, void* owner, RTTIBase* rtti);
   // Moves each box onto its rectangle at depth `z`, `depth` deep. Only while enabled.
@@ -51,8 +56,8 @@ class CollisionRig : public NoCopy {
   Vector2 GetMaxWidthHeight() const;
   Vector2 GetRigWidthHeight(int index) const;
   // The union of the rectangles last seen (zero ones left out).
-  AxisBox GetMaxExtents() const;
-  AxisBox GetRigExtents(int index) const;
+  Rectangle GetMaxExtents() const;
+  Rectangle GetRigExtents(int index) const;
   bool IsEnabled() const { return m_bEnabled; }
   bool IsInitialized() const { return m_bInitialized; }
 
@@ -68,16 +73,17 @@ class CollisionRig : public NoCopy {
   void Release();
 
   bool m_bEnabled = false;
-  RectSeriesSource* m_pSprite = nullptr;  // borrowed
+  RectSeriesSource* m_pSprite = nullptr;  // borrowed, or m_AnimSource
+  AnimInfoRectSource m_AnimSource;        // reads the sprite given as an AnimInfo
   int m_Count = 0;
   Element* m_pElements = nullptr;    // owned, m_Count of them
   CollisionPool* m_pPool = nullptr;  // borrowed
   void* m_pOwner = nullptr;          // borrowed, passed back to the callback
   CollisionRigFunction m_pCallback = nullptr;
-  CollisionNotifier m_Notifier;   // the head of every box's list
-  Real* m_pWidths = nullptr;      // owned, one for each element
-  Real* m_pHeights = nullptr;     // owned
-  AxisBox* m_pExtents = nullptr;  // owned
+  CollisionNotifier m_Notifier;     // the head of every box's list
+  Real* m_pWidths = nullptr;        // owned, one for each element
+  Real* m_pHeights = nullptr;       // owned
+  Rectangle* m_pExtents = nullptr;  // owned
   bool m_bInitialized = false;
 };
 

@@ -1,5 +1,5 @@
 // A hull's extent along one axis: the projection that the separating-axis tests and
-// the broad phase compare. AxisBox pairs the x and y extents of a flat box.
+// the broad phase compare.
 #pragma once
 #include "core/Real.h"
 
@@ -14,14 +14,6 @@ struct Interval {
 
   bool operator==(const Interval& o) const { return min == o.min && max == o.max; }
   bool operator!=(const Interval& o) const { return !(*this == o); }
-};
-
-struct AxisBox {
-  Interval x;  // left to right
-  Interval y;  // top to bottom (y grows down)
-
-  bool operator==(const AxisBox& o) const { return x == o.x && y == o.y; }
-  bool operator!=(const AxisBox& o) const { return !(*this == o); }
 };
 
 }  // namespace nox

@@ -344,11 +344,9 @@ TEST_F(PoolFixture, QueriesTraceRaysAndTestPlacements) {
   EXPECT_FALSE(b->collidesWithHull(probe.hull));
   EXPECT_EQ(boxB.particle.m_Position, V3(108, 50));
 
-  const nox::AxisBox box = b->GetBoundingBox();
-  EXPECT_EQ(box.x, nox::Interval(Real(103), Real(205)));
-  EXPECT_EQ(box.y, nox::Interval(Real(45), Real(55)));
+  EXPECT_EQ(b->GetBoundingBox(), nox::Rectangle(Real(103), Real(45), Real(205), Real(55)));
   nox::CollisionPool empty(engine, 0, false);
-  EXPECT_EQ(empty.GetBoundingBox(), nox::AxisBox());
+  EXPECT_EQ(empty.GetBoundingBox(), nox::Rectangle());
 }
 
 TEST_F(PoolFixture, PoolMapKeepsOnePoolPerNameAndRegistersItOnce) {

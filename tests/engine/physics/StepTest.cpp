@@ -171,12 +171,12 @@ namespace {
 struct FakeSprite : nox::RectSeriesSource {
   struct Entry {
     nox::NameHash name;
-    nox::AxisBox rect;
+    nox::Rectangle rect;
   };
   bool HasRectSeriesInAnySequence(nox::NameHash series) const override { return Find(series) != nullptr; }
-  nox::AxisBox GetCurrentRect(nox::NameHash series) const override {
+  nox::Rectangle GetCurrentRect(nox::NameHash series) const override {
     const Entry* e = Find(series);
-    return e ? e->rect : nox::AxisBox();
+    return e ? e->rect : nox::Rectangle();
   }
   const Entry* Find(nox::NameHash series) const {
     for (const Entry& e : entries) {
@@ -185,7 +185,7 @@ struct FakeSprite : nox::RectSeriesSource {
     return nullptr;
   }
   void Set(const char* name, int left, int top, int right, int bottom) {
-    const nox::AxisBox rect{{Real(left), Real(right)}, {Real(top), Real(bottom)}};
+    const nox::Rectangle rect{Real(left), Real(top), Real(right), Real(bottom)};
     for (Entry& e : entries) {
       if (e.name == HashString(name)) {
         e.rect = rect;
@@ -236,7 +236,7 @@ TEST(CollisionRigs, BoxesFollowTheSpriteRectanglesNamedByPrefixAndDigit) {
   EXPECT_EQ(first.GetProjectionZ(), nox::Interval(Real(3), Real(7)));
   EXPECT_EQ(rig->GetMaxWidthHeight(), Vector2(Real(20), Real(40)));
   EXPECT_EQ(rig->GetRigWidthHeight(1), Vector2(Real(8), Real(4)));
-  EXPECT_EQ(rig->GetMaxExtents().x, nox::Interval(Real(0), Real(30)));
+  EXPECT_EQ(rig->GetMaxExtents(), nox::Rectangle(Real(0), Real(0), Real(30), Real(60)));
 
   // The sprite moves: the box goes with it and keeps its velocity.
   first.getParticle()->m_PreviousPosition = V3(18, 40, 5);
@@ -257,5 +257,17 @@ TEST(CollisionRigs, BoxesFollowTheSpriteRectanglesNamedByPrefixAndDigit) {
   EXPECT_EQ(owner.lastIndex, 0);
 
   rig.reset();
+  EXPECT_EQ(pool.GetHullCount(), 0u);
+}
+
+TEST(CollisionRigs, ASpriteWithoutTheSeriesGivesARigWithoutHulls) {
+  nox::PhysicsEngine engine(Real(1), 4);
+  CollisionPool pool(engine, 0, false);
+  nox::CollisionRig rig;
+  rig.Initialize(static_cast<nox::AnimInfo*>(nullptr), "hit", &pool, nullptr, nullptr, nullptr);
+  EXPECT_TRUE(rig.IsInitialized());
+  EXPECT_EQ(rig.GetHullCount(), 0);
+  rig.Enable(Real(), Real(1));
+  EXPECT_EQ(rig.GetMaxExtents(), nox::Rectangle());
   EXPECT_EQ(pool.GetHullCount(), 0u);
 }
