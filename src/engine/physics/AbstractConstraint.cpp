@@ -6,10 +6,9 @@
 namespace nox {
 
 void AbstractConstraint::Draw(const Vector2& offset, unsigned long colour) {
-  PhysicsDebugDraw* draw = PhysicsDebugDraw::GetInstance();
-  if (!draw) return;
-  draw->DrawLine(Vector2(m_pA->m_Position.x, m_pA->m_Position.y) + offset,
-                 Vector2(m_pB->m_Position.x, m_pB->m_Position.y) + offset, colour);
+  if (!PhysicsDebugDraw::IsAvailable()) return;
+  PhysicsDebugDraw::DrawLine(Vector2(m_pA->m_Position.x, m_pA->m_Position.y) + offset,
+                             Vector2(m_pB->m_Position.x, m_pB->m_Position.y) + offset, colour);
 }
 
 void AbstractConstraint::Displace(const Vector3& c) {

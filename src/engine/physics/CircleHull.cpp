@@ -33,8 +33,7 @@ Interval CircleHull::getIntervalY() const {
 }
 
 void CircleHull::Draw(const Vector2& offset, unsigned long colour) {
-  PhysicsDebugDraw* draw = PhysicsDebugDraw::GetInstance();
-  if (!draw) return;
+  if (!PhysicsDebugDraw::IsAvailable()) return;
   const Vector3 p = getPosition();
   const Vector2 centre = Vector2(p.x, p.y) + offset;
   constexpr int kSides = 16;
@@ -43,7 +42,7 @@ void CircleHull::Draw(const Vector2& offset, unsigned long colour) {
     const Real degrees = Real(i * 360 / kSides);
     points[i] = centre + Vector2(cos(degrees), sin(degrees)) * m_Radius;
   }
-  draw->DrawOutline(points, kSides, colour);
+  PhysicsDebugDraw::DrawOutline(points, kSides, colour);
 }
 
 CollisionInfo CircleHull::collide(AbstractHull& other) {

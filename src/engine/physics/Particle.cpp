@@ -19,8 +19,7 @@ void Particle::update(Real timeStepSquared, Real damping) {
 }
 
 void Particle::Draw(const Vector2& offset, unsigned long colour) const {
-  PhysicsDebugDraw* draw = PhysicsDebugDraw::GetInstance();
-  if (draw) draw->DrawPoint(Vector2(m_Position.x, m_Position.y) + offset, colour);
+  PhysicsDebugDraw::DrawPoint(Vector2(m_Position.x, m_Position.y) + offset, colour);
 }
 
 }  // namespace nox

@@ -176,7 +176,7 @@ void PhysicsEngine::Draw() {
 }
 
 void PhysicsEngine::Draw(const Vector2& offset) {
-  if (!PhysicsDebugDraw::GetInstance()) return;
+  if (!PhysicsDebugDraw::IsAvailable()) return;
   const bool wanted =
       m_bDebugDraw || (Settings::s_pSettings && Settings::s_pSettings->GetBoolValue("Draw Physics"));
   if (!wanted) return;

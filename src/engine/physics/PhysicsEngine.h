@@ -35,8 +35,9 @@ class PhysicsEngine : public NoCopy {
   // Collects dead nodes, then works off the remove and the add vectors.
   void ProcessAllocation();
 
-  // Debug overlay, when a PhysicsDebugDraw is installed and the debug-draw flag or
-  // the setting "Draw Physics" is on.
+  // Onto the debug overlay, when it exists (debug facilities enabled) and the
+  // debug-draw flag or the setting "Draw Physics" is on. Hulls are shifted by
+  // `offset`, in screen coordinates.
   void Draw();
   void Draw(const Vector2& offset);
 

@@ -136,12 +136,12 @@ bool PolyHull::intersectsRay(Vector3 origin, Vector3 destination, Vector3& hit) 
 }
 
 void PolyHull::Draw(const Vector2& offset, unsigned long colour) {
-  PhysicsDebugDraw* draw = PhysicsDebugDraw::GetInstance();
-  if (!draw || m_Vertices.empty()) return;
+  if (!PhysicsDebugDraw::IsAvailable() || m_Vertices.empty()) return;
   const Vector3 p3 = getPosition();
   const Vector2 p = Vector2(p3.x, p3.y) + offset;
   const size_t n = m_Vertices.size();
-  for (size_t k = 0; k < n; ++k) draw->DrawLine(m_Vertices[k] + p, m_Vertices[(k + 1) % n] + p, colour);
+  for (size_t k = 0; k < n; ++k)
+    PhysicsDebugDraw::DrawLine(m_Vertices[k] + p, m_Vertices[(k + 1) % n] + p, colour);
 }
 
 CollisionInfo PolyHull::collide(AbstractHull& other) {

@@ -65,14 +65,13 @@ void RectangleHull::setHalfSize(Real halfWidth, Real halfHeight) {
 }
 
 void RectangleHull::Draw(const Vector2& offset, unsigned long colour) {
-  PhysicsDebugDraw* draw = PhysicsDebugDraw::GetInstance();
-  if (!draw) return;
+  if (!PhysicsDebugDraw::IsAvailable()) return;
   const Vector3 p = getPosition();
   const Vector2 centre = Vector2(p.x, p.y) + offset;
   const Vector2 u = m_AxisU * m_HalfWidth;
   const Vector2 v = m_AxisV * m_HalfHeight;
   const Vector2 corners[4] = {centre - u - v, centre + u - v, centre + u + v, centre - u + v};
-  draw->DrawOutline(corners, 4, colour);
+  PhysicsDebugDraw::DrawOutline(corners, 4, colour);
 }
 
 CollisionInfo RectangleHull::collide(AbstractHull& other) {

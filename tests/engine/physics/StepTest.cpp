@@ -9,6 +9,7 @@
 
 #include "PhysicsTestSupport.h"
 #include "core/HashString.h"
+#include "debug/DebugOverlay.h"
 #include "physics/CircleHull.h"
 #include "physics/CollisionDetector.h"
 #include "physics/CollisionPool.h"
@@ -270,4 +271,31 @@ TEST(CollisionRigs, ASpriteWithoutTheSeriesGivesARigWithoutHulls) {
   rig.Enable(Real(), Real(1));
   EXPECT_EQ(rig.GetMaxExtents(), nox::Rectangle());
   EXPECT_EQ(pool.GetHullCount(), 0u);
+}
+
+TEST(DebugView, TheStepDrawsOntoTheOverlayOnlyWhenAskedTo) {
+  nox::PhysicsEngine engine(Real(1), 4);
+  CollisionPool pool(engine, 0xFF0000FF, false);
+  engine.AddPool(&pool);
+  Box box(10, 10, 4, 4);
+  Particle other(V3(20, 10));
+  nox::StickConstraint stick(&box.particle, &other);
+  pool.addHull(&box.hull);
+  engine.AddParticle(&box.particle);
+  engine.AddConstraint(&stick);
+  engine.SetDebugDraw(true);
+  engine.Draw();  // no overlay: nothing to draw on, and nothing breaks
+  nox::DebugOverlay::Create();
+  nox::DebugOverlay& overlay = *nox::DebugOverlay::sm_pInstance;
+  engine.SetDebugDraw(false);
+  engine.Draw();
+  EXPECT_TRUE(overlay.GetLines().empty());
+  engine.SetDebugDraw(true);
+  engine.Draw(Vector2(Real(100), Real()));
+  // Four sides of the box and the stick; one particle.
+  ASSERT_EQ(overlay.GetLines().size(), 5u);
+  EXPECT_EQ(overlay.GetLines()[0].from, V3(108, 8));
+  EXPECT_EQ(overlay.GetLines()[0].colour, V3(1, 0, 0));
+  EXPECT_EQ(overlay.GetPoints().size(), 1u);
+  nox::DebugOverlay::Destroy();
 }
