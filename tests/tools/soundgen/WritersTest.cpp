@@ -13,6 +13,7 @@
 
 #include "AudioWriters.h"
 #include "Recipe.h"
+#include "sound/SoundBuffer.h"
 
 namespace soundgen {
 namespace {
@@ -130,6 +131,26 @@ TEST(ImaWav, TheHeaderIsOneTheGameAndOtherPlayersAccept) {
     at += 8 + size;
   }
   EXPECT_TRUE(sawData);
+}
+
+TEST(ImaWav, TheEnginesLoaderReadsExactlyTheSamplesTheCoderMeant) {
+  const std::string path = TempPath("engine.wav");
+  const std::vector<int16_t> in = TestSignal();
+  std::string error;
+  ASSERT_TRUE(WriteImaWav(path, in, error)) << error;
+  uint8_t* data = nullptr;
+  uint32_t size = 0, rate = 0;
+  uint8_t format = 0;
+  ASSERT_TRUE(nox::SoundBuffer::LoadWavBuffer(path, &data, &size, &rate, &format));
+  std::remove(path.c_str());
+  EXPECT_EQ(rate, uint32_t(kSampleRate));
+  EXPECT_EQ(format, nox::SoundBuffer::kMono16);
+  const std::vector<int16_t> expected = GameDecode(EncodeImaAdpcm(in), kImaBlockAlign);
+  ASSERT_EQ(size, expected.size() * 2);
+  std::vector<int16_t> got(expected.size());
+  std::memcpy(got.data(), data, size);
+  nox::SoundBuffer::ReleaseWavBuffer(data);
+  EXPECT_EQ(got, expected);
 }
 
 TEST(OggFile, DecodesTo16kHzMonoOfTheSameLengthAndIsTheSameOnEveryBuild) {
