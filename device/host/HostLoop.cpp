@@ -17,6 +17,7 @@
 #include "kernel/Clock.h"
 #include "ostra/AppInterface.h"
 #include "ostra/BaseUtils.h"
+#include "ostra/HostAudio.h"
 #include "window/Window.h"
 
 namespace appmanager {
@@ -147,6 +148,11 @@ int RunHost(const Options& options) {
   config.headless = !windowed;
   Ostra::Host::SetHostConfig(config);
   Ostra::InputState::Reset();
+  std::string audioError;
+  if (!Ostra::HostAudio::Configure(options.audioOut, options.mute, !windowed, audioError)) {
+    // The run goes on without that output.
+    Say(audioError);
+  }
 
   // All of the frame's memory is made here, before the first frame.
   std::unique_ptr<U8[]> pixels(new U8[kWidth * kHeight * 4]);
@@ -190,6 +196,10 @@ int RunHost(const Options& options) {
     }
 
     Ostra::Clock::AdvanceFrame();
+    // Mixing and decoding allocate inside the platform, not in the application.
+    AllocCounter::PauseThisThread();
+    Ostra::HostAudio::Update();
+    AllocCounter::ResumeThisThread();
     if (!suspended) {
       app->Update();
       // The driver's fences for finishing the frame are its own allocations.
@@ -215,6 +225,8 @@ int RunHost(const Options& options) {
 
   app->Exit();
   app.reset();
+  // Before the window closes: closing it shuts SDL down. This also finishes the WAV.
+  Ostra::HostAudio::Shutdown();
   if (windowed) Ostra::Window::Close();
   for (const ScreenshotRequest& shot : options.screenshots) {
     if (shot.frame >= frame)

@@ -55,6 +55,8 @@ void PrintHelp(FILE* out) {
       "  --input FILE           play an input script (see the README, \"Input scripts\")\n"
       "  --log FILE             also write the debug output to FILE, flushed per line\n"
       "  --quiet                no debug output on stderr\n"
+      "  --audio-out FILE       also write the mixed sound to FILE (WAV, 32 kHz stereo)\n"
+      "  --mute                 play no sound on the sound device\n"
       "  --stats                print frame count, frame CPU time and heap allocations\n"
       "                         per frame (from frame 60 on) at the end\n"
       "  --help                 show this text\n"
@@ -174,6 +176,11 @@ bool ParseOptions(int argc, char** argv, Options& options, std::string& error) {
     } else if (arg == "--quiet") {
       if (!flag()) return false;
       options.config.quiet = true;
+    } else if (arg == "--audio-out") {
+      if (!next(options.audioOut)) return false;
+    } else if (arg == "--mute") {
+      if (!flag()) return false;
+      options.mute = true;
     } else if (arg == "--stats") {
       if (!flag()) return false;
       options.stats = true;

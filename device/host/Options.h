@@ -23,6 +23,8 @@ struct Options {
   std::vector<ScreenshotRequest> screenshots;
   std::string inputScript;
   bool stats = false;
+  std::string audioOut;  // WAV capture of the mixed sound; empty: none
+  bool mute = false;     // no sound device; the mix still runs, so sounds end on time
   bool help = false;
 };
 
