@@ -41,6 +41,7 @@ class TweenerParam {
  public:
   typedef void (*Callback)();
 
+  // 500 ms, linear, ease in, time-based, no delay, no repeats, no callbacks.
   TweenerParam();
   // A param of `duration` (ms, or frames when not time-based) on one curve.
   TweenerParam(nox::Real duration, short function, short mode, nox::Real delay = nox::Real());

@@ -90,14 +90,4 @@ TEST(AnimSeqItemsTest, AlphaFadeStepsTheSpriteAndStopsShortOfTheEnd) {
   EXPECT_EQ(alphas, (std::vector<int>{0x10000, 0xC000, 0x8000, 0x4000, 0x4000}));
 }
 
-TEST(AnimSeqItemsTest, CancelledFadeLeavesTheAlphaWhereItWas) {
-  ScriptedSprite sprite;
-  Sequencer sequencer;
-  noxfw::SeqFadeAnim(sequencer, sprite, Real(1), Real(0), 400, 9);
-  sequencer.Update(100);
-  sequencer.Update(100);
-  EXPECT_TRUE(sequencer.TerminateItemID(9, false));
-  EXPECT_EQ(sprite.GetAlpha().Raw(), 0xC000);
-}
-
 }  // namespace
