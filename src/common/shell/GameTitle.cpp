@@ -1,9 +1,11 @@
 #include "shell/GameTitle.h"
 
+#include "core/GameHost.h"
 #include "core/Settings.h"
 #include "learning/Logger.h"
 #include "ostra/MetaInfo.h"
 #include "ostra/SystemData.h"
+#include "save/GameSaveGame.h"
 
 namespace game {
 
@@ -13,6 +15,12 @@ GameTitle::~GameTitle() {}
 
 void GameTitle::Enter() {
   noxfw::Title::Enter();
+  GameSaveGame::Create();
+  GameSaveGame* save = GameSaveGame::s_pSaveGame;
+  save->ReadAllData();
+  for (int i = 0; i < kBadgeCount; ++i) s_Badges[i].awarded = save->GetData_Badge(i);
+  noxfw::BadgeManager::sm_pInstance->SetBadges(s_Badges, kBadgeCount);
+  save->ApplyPlayerGrade(GameSaveGame::GetPlayerGrade());
 }
 
 void GameTitle::HandleInput() {
@@ -28,6 +36,11 @@ void GameTitle::Draw() {
 }
 
 void GameTitle::Leave() {
+  GameSaveGame* save = GameSaveGame::s_pSaveGame;
+  save->SetData_FirstActivation(false);
+  save->AddRunPlayTime(nox::GameHost::s_pGameHost->GetFrameMS());
+  save->WriteAllData();
+  GameSaveGame::Destroy();
   noxfw::Title::Leave();
 }
 

@@ -3,6 +3,7 @@
 // the badge table, and pausing the scene while the device has the screen.
 #pragma once
 #include "app/Title.h"
+#include "learning/BadgeManager.h"
 
 namespace game {
 
@@ -23,6 +24,11 @@ class GameTitle : public noxfw::Title {
   // True while the exit pop-up is open: it has paused the scene itself.
   bool IsExitPopUpOpen() const { return m_bExitPopUpOpen; }
   void SetExitPopUpOpen(bool open) { m_bExitPopUpOpen = open; }
+
+  // The game's badges: row i is badge i (GameBadge::eGameBadge) with its id on the
+  // device; the earned flags come from the save game at start.
+  static const int kBadgeCount = 35;
+  static noxfw::BadgeManager::Badge s_Badges[kBadgeCount];
 
  private:
   void LogTitleStart();

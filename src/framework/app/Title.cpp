@@ -9,6 +9,7 @@
 #include "graphics/ScreenManager.h"
 #include "graphics/WindowManager.h"
 #include "input/Input.h"
+#include "learning/BadgeManager.h"
 #include "ostra/System.h"
 
 namespace noxfw {
@@ -39,6 +40,7 @@ void Title::Enter() {
   nox::WindowManager::Create();
   nox::DownloadManager::Create();
   nox::Input::Create(1);
+  BadgeManager::Create();
   RegisterSettings();
   // One poll now, so that the first frame sees no stale edge.
   nox::Input::s_pInput->Update();
@@ -118,6 +120,7 @@ void Title::Throttle() {
 void Title::Leave() {
   // The host goes before the window, settings and screen singletons: none of them
   // may ask for the time while being destroyed.
+  BadgeManager::Destroy();
   nox::DownloadManager::Destroy();
   nox::GameHost::Destroy();
   nox::WindowManager::Destroy();
