@@ -27,13 +27,13 @@ void ScriptController::SetButtonPressed(uint32_t bits, bool down) {
 }
 
 void ScriptController::Update(ControllerState& state) {
+  // Without pass-through only the scripted group moves: the real buttons are not
+  // looked at, and the scripted bits are not counted twice.
   if (m_bPassThrough) {
     const uint32_t real = state.m_Buttons;
     state.m_Buttons = real | m_ScriptState.m_Buttons;
     Controller::Update(state);
     state.m_Buttons = real;
-  } else {
-    UpdateButtons(m_ScriptState.m_Buttons, true);
   }
   UpdateScriptButtons();
 }

@@ -1,7 +1,8 @@
 // A controller that scripts can press: tutorials and demos push one on a slot and
 // set its buttons. The scripted bits have their own group of words, so a read gives
 // the real (or merged) word ANDed with the mask, ORed with the scripted word. With
-// pass-through the real buttons count as well; without it only the scripted ones do.
+// pass-through the controller's own words follow the real and scripted buttons
+// together; without it they are left alone and only the scripted words move.
 #pragma once
 #include <cstdint>
 
