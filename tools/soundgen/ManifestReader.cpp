@@ -164,9 +164,11 @@ void ManifestReader::ReadVoiceTable(const JsonDoc& doc, const std::string& table
     bool ok = true;
     if (it->is_string()) {
       line.text = it->get<std::string>();
+    } else if (!it->is_object()) {
+      doc.Complain(m_Diag, path, what + ": must be the words in quotes, or { \"say\": \"...\" }");
+      continue;
     } else {
       FieldReader f(doc, path, what, {"say", "speaker", "formats", "about"}, m_Diag);
-      if (!f.IsObject()) continue;
       f.String("say", line.text, true);
       if (f.String("speaker", speaker)) {
         if (family == VoiceFamily::kHeroine && speaker != "heroine") {

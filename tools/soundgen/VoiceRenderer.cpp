@@ -29,7 +29,7 @@ bool Spawn(const std::vector<std::string>& args, int in, int out, pid_t& pid, st
   const int rc = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (rc != 0) {
-    error = "cannot start " + args[0] + ": " + strerror(rc);
+    error = "cannot start " + args[0] + ": " + strerror(rc) + " (scripts/install-deps installs it)";
     return false;
   }
   return true;
