@@ -74,7 +74,10 @@ void TileAnimation::Update(unsigned long ms) {
     UpdateWorldPosition();
   }
   if (m_ModulationLength != 0) {
-    const Real t = Real(m_ModulationClock) / Real(m_ModulationLength);
+    // clock / length as a Real, in 64 bits so that lengths past 32767 ms neither wrap
+    // nor divide by zero; within that range it equals the Real quotient bit for bit.
+    const uint64_t quotient = (static_cast<uint64_t>(m_ModulationClock) << 16) / m_ModulationLength;
+    const Real t = Real::FromRaw(quotient > INT32_MAX ? INT32_MAX : static_cast<int32_t>(quotient));
     if (t >= Real(1)) {
       m_ModulationLength = 0;
       m_ModulationColor = m_ModulationEnd;

@@ -304,6 +304,21 @@ TEST_F(TileAnimationTest, WorldAndAnimationSpaceTurnIntoEachOtherUnderFlipsScale
   EXPECT_EQ(m_pSprite->VectorWorldSpaceToAnimation(turned), nox::Vector3(Real(10), Real(), Real()));
 }
 
+TEST_F(TileAnimationTest, AColourBlendRunsOnTheTimeBeforeEachUpdateAndEndsOnTheTarget) {
+  const nox::Vector3 black, white(Real(1), Real(1), Real(1));
+  m_pSprite->ModulateColor(black, white, 100);
+  m_pSprite->Update(50);
+  EXPECT_EQ(m_pSprite->GetModulationColor(), black);  // t was 0 when this update began
+  m_pSprite->Update(50);
+  EXPECT_EQ(m_pSprite->GetModulationColor().x.Raw(), 0x8000);
+  m_pSprite->Update(1);
+  EXPECT_EQ(m_pSprite->GetModulationColor(), white);
+  // Blends longer than a Real can count in milliseconds still run.
+  m_pSprite->ModulateColor(white, black, 70000);
+  for (int i = 0; i < 36; ++i) m_pSprite->Update(1000);
+  EXPECT_EQ(m_pSprite->GetModulationColor().x.Raw(), 0x8000);  // 35 s of 70
+}
+
 TEST_F(TileAnimationTest, ASpriteOnDataThatDidNotLoadAnswersNothingAndDrawsNothing) {
   nox::TileAnimData missing("Nobody", false, true);
   TileAnimation sprite(&missing);
