@@ -38,8 +38,8 @@ unsigned WalkFrame(nox::TileAnimFrame* holder) {
   for (bool more = holder->FirstLayer(); more; more = holder->NextLayer()) {
     const nox::TADLayerBlock* layer = holder->GetLayerBlock();
     for (uint32_t t = 0; t < layer->tileCount; ++t) {
-      sum +=
-          static_cast<unsigned>(holder->GetTilePositions()[2 * t] + holder->GetTileCoords()[2 * t + 1].Raw());
+      sum += static_cast<unsigned>(holder->GetTilePositions()[2 * t]) +
+             static_cast<unsigned>(holder->GetTileCoords()[2 * t + 1].Raw());
     }
   }
   return sum;
