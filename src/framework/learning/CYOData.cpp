@@ -47,7 +47,22 @@ bool CYOData::InitCYOData(uint32_t count, uint32_t param) {
     CloseBackupFile();
     return false;
   }
+  FitCountsToParam();
   return true;
+}
+
+void CYOData::FitCountsToParam() {
+  // The counts were made under the completion parameter of their day; the adult may
+  // have changed it since. A mastered word stays mastered, an open word stays open
+  // and is at most one spelling away from mastering.
+  for (uint32_t i = 0; i < m_Count; ++i) {
+    CYOStoreData& record = m_pRecords[i];
+    if (record.status == CYOStoreData::kStatusMastered) {
+      record.count = m_CompletionParam;
+    } else if (record.count >= m_CompletionParam) {
+      record.count = m_CompletionParam ? m_CompletionParam - 1 : 0;
+    }
+  }
 }
 
 bool CYOData::ResetCYOData(const CYOStoreData* records, uint32_t param) {

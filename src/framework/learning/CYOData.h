@@ -27,7 +27,8 @@ class CYOData : public CYOData_pf {
   CYOData& operator=(const CYOData&) = delete;
 
   // Makes room for `count` records and reads them from the file; false when no whole
-  // file of that size is there (the file is then closed again).
+  // file of that size is there (the file is then closed again). Counts read are
+  // fitted to `param`: mastered words hold it, open words stay below it.
   bool InitCYOData(uint32_t count, uint32_t param);
   // Starts the counts afresh from `records` (m_Count of them) and writes them; false
   // when the file could not be written (it is closed, the counts are not usable).
@@ -53,6 +54,8 @@ class CYOData : public CYOData_pf {
   bool IsFileOpen() const { return m_pBackupFile != nullptr; }
 
  private:
+  void FitCountsToParam();
+
   nox::BackupFile* m_pBackupFile = nullptr;  // owned
   CYOStoreData* m_pRecords = nullptr;        // owned, m_Count records
   uint32_t m_Count = 0;

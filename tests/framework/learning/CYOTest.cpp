@@ -186,6 +186,26 @@ TEST_F(CYOTest, CountsThatNoLongerFitTheListStartAfresh) {
   EXPECT_EQ(total(CYO()), 0u);
 }
 
+TEST_F(CYOTest, ACompletionChangedSinceTheCountsWereKeptStillMastersWords) {
+  WriteList(6, 0, 4);
+  {
+    CYO cyo;
+    for (int i = 0; i < 18; ++i) {
+      cyo.GetNextWordData();
+      cyo.CurrWordSpelledCorrectly();
+    }
+  }
+  // Every word now has three of four; the adult lowers the bar to two.
+  WriteList(6, 0, 2);
+  CYO cyo;
+  ASSERT_EQ(cyo.GetStatus(), CYO::kReady);
+  for (uint32_t i = 0; i < 6; ++i) EXPECT_EQ(cyo.GetData().GetWordCACount(i), 1u) << i;
+  CYOStoreData word = cyo.GetNextWordData();
+  cyo.CurrWordSpelledCorrectly();
+  EXPECT_EQ(cyo.GetCurrentWord().status, CYOStoreData::kStatusMastered);
+  EXPECT_EQ(Vantle::CCyo().GetStatus(word.index), 1u);
+}
+
 TEST_F(CYOTest, AGuestDrawsFromTheListButKeepsNoCounts) {
   StartPlayer(3);
   WriteList(6, 0);
