@@ -99,8 +99,12 @@ int32_t Font::Walk(const char* text, unsigned long length, Emit emit) const {
 }
 
 Vector2 Font::MeasureText(const std::string& text, unsigned long* triangles) const {
+  return MeasureBytes(text.data(), text.size(), triangles);
+}
+
+Vector2 Font::MeasureBytes(const char* text, unsigned long length, unsigned long* triangles) const {
   unsigned long count = 0;
-  const int32_t width = Walk(text.data(), text.size(), [&count](const FontGlyph&, uint32_t) { count += 2; });
+  const int32_t width = Walk(text, length, [&count](const FontGlyph&, uint32_t) { count += 2; });
   if (triangles) *triangles = count;
   return Vector2(Real(width), GetHeight());
 }

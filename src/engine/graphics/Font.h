@@ -66,6 +66,10 @@ class Font : public GLTexture {
   // The same into two GL buffers, uploaded with the full size of the text (24 and 48
   // bytes per byte, blanks and bytes without glyphs included); at most
   // kMaxBufferedText bytes are taken.
+  // The same two over `length` bytes of `text`, for callers that hold plain arrays.
+  Vector2 MeasureBytes(const char* text, unsigned long length, unsigned long* triangles) const;
+  void FormatBytes(const char* text, unsigned long length, short* positions, Real* coords,
+                   unsigned long* triangles, Vector2* size) const;
   void FormatText(const std::string& text, GLBuffer& positions, GLBuffer& coords, unsigned long* triangles,
                   Vector2* size) const;
 
@@ -74,9 +78,6 @@ class Font : public GLTexture {
   // pen position after the last byte.
   template <class Emit>
   int32_t Walk(const char* text, unsigned long length, Emit emit) const;
-
-  void FormatBytes(const char* text, unsigned long length, short* positions, Real* coords,
-                   unsigned long* triangles, Vector2* size) const;
 
   GlyphTable m_Glyphs;  // owns the loaded ".fdata"
   std::string m_Name;   // as given to Load; empty while unloaded

@@ -1,5 +1,7 @@
 #include "graphics/TextSurface.h"
 
+#include <cstring>
+
 #include "graphics/Font.h"
 #include "graphics/WholePixel.h"
 
@@ -34,17 +36,31 @@ void TextSurface::Initialise(Real width, Real height, unsigned long capacity) {
 
 bool TextSurface::DrawText(const std::string& text, Font* font, const Rectangle& rect,
                            const TextProperties& props) {
+  return DrawBytes(text.data(), text.size(), font, rect, props);
+}
+
+bool TextSurface::DrawText(const char* text, Font* font, const Rectangle& rect, const TextProperties& props) {
+  return DrawBytes(text, strlen(text), font, rect, props);
+}
+
+bool TextSurface::DrawText(const char* text, Font* font, Real x, Real y, const TextProperties& props) {
+  return DrawBytes(text, strlen(text), font, Rectangle(x, y, x, y), props);
+}
+
+bool TextSurface::DrawBytes(const char* text, unsigned long length, Font* font, const Rectangle& rect,
+                            const TextProperties& props) {
   if (!font || !m_pStore) return false;
   unsigned long triangles = 0;
-  Vector2 size = font->MeasureText(text, &triangles);
+  Vector2 size = font->MeasureBytes(text, length, &triangles);
   if (m_TrianglesInUse + triangles > 2 * m_Capacity || m_Records.size() == m_Records.capacity()) return false;
 
   TextRecord record;
   record.font = font;
   record.rect = rect;
   record.firstVertex = static_cast<uint32_t>(m_TrianglesInUse * 3);
-  font->FormatText(text, m_pPositions + m_TrianglesInUse * (kPositionBytesPerTriangle / sizeof(short)),
-                   m_pCoords + m_TrianglesInUse * (kCoordBytesPerTriangle / sizeof(Real)), &triangles, &size);
+  font->FormatBytes(
+      text, length, m_pPositions + m_TrianglesInUse * (kPositionBytesPerTriangle / sizeof(short)),
+      m_pCoords + m_TrianglesInUse * (kCoordBytesPerTriangle / sizeof(Real)), &triangles, &size);
   record.triangles = static_cast<uint32_t>(triangles);
   record.size = size;
 

@@ -51,6 +51,9 @@ class TextSurface : public Animation, private TextSurface_pf {
   bool DrawText(const std::string& text, Font* font, const Rectangle& rect, const TextProperties& props);
   // The same with the rectangle (x, y, x, y): an aligned text is aligned on the point.
   bool DrawText(const std::string& text, Font* font, Real x, Real y, const TextProperties& props);
+  // The same for a C string, which costs no copy.
+  bool DrawText(const char* text, Font* font, const Rectangle& rect, const TextProperties& props);
+  bool DrawText(const char* text, Font* font, Real x, Real y, const TextProperties& props);
   // Forgets every text.
   void Clear();
 
@@ -85,6 +88,9 @@ class TextSurface : public Animation, private TextSurface_pf {
   const Real* GetCoords() const { return m_pCoords; }
 
  private:
+  bool DrawBytes(const char* text, unsigned long length, Font* font, const Rectangle& rect,
+                 const TextProperties& props);
+
   Vector3 m_ClearColour;
   Real m_ClearAlpha;
   Real m_Width;
