@@ -6,6 +6,7 @@
 #include "ostra/MetaInfo.h"
 #include "ostra/SystemData.h"
 #include "save/GameSaveGame.h"
+#include "sound/GameSoundManager.h"
 
 namespace game {
 
@@ -15,6 +16,7 @@ GameTitle::~GameTitle() {}
 
 void GameTitle::Enter() {
   noxfw::Title::Enter();
+  GameSoundManager::Create();
   GameSaveGame::Create();
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
   save->ReadAllData();

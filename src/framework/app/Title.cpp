@@ -6,11 +6,15 @@
 #include "core/PathRegistry.h"
 #include "core/Real.h"
 #include "core/Settings.h"
+#include "graphics/Rectangle.h"
+#include "graphics/Screen.h"
 #include "graphics/ScreenManager.h"
 #include "graphics/WindowManager.h"
 #include "input/Input.h"
 #include "learning/BadgeManager.h"
 #include "ostra/System.h"
+#include "sound/SoundManager.h"
+#include "sound/SoundPlayer.h"
 
 namespace noxfw {
 
@@ -40,7 +44,9 @@ void Title::Enter() {
   nox::WindowManager::Create();
   nox::DownloadManager::Create();
   nox::Input::Create(1);
+  nox::SoundPlayer::Create(16, false);
   BadgeManager::Create();
+  nox::SoundPlayer::m_pSoundPlayer->Initialize(m_AudioPath);
   RegisterSettings();
   // One poll now, so that the first frame sees no stale edge.
   nox::Input::s_pInput->Update();
@@ -83,12 +89,50 @@ void Title::HandleInput() {
   if (Vantle::CSystem().AreCheatsEnabled()) RunDebugGestures();
 }
 
-void Title::RunDebugGestures() {}
+void Title::RunDebugGestures() {
+  // The chord: both shoulder buttons held while hint is pressed.
+  nox::Controller* pad = nox::Input::s_pInput->GetController(0);
+  const uint32_t shoulders = 0x40 | 0x80;
+  if (pad->GetHeldButtons(shoulders) == shoulders && pad->GetTriggeredButtons(0x200)) {
+    ShowSettingsScene();
+    return;
+  }
+
+  // The long hold: a finger kept down for kDebugHoldMS inside a small square in the
+  // screen's far (bottom-right) corner.
+  static uint32_t sSylusTriggerMS = 0;
+  static uint32_t sSylusHeldMS = 0;
+  nox::Screen* screen = nox::ScreenManager::Get();
+  if (!screen || screen->GetTouchStateCount() == 0) return;
+  const nox::Screen::MultiTouchState& touch = screen->GetTouchState(0);
+  uint32_t now = GameHost::s_pGameHost->GetCurrentMilliseconds();
+  if (touch.triggered) {
+    sSylusHeldMS = 0;
+    sSylusTriggerMS = now;
+  } else if (touch.down) {
+    sSylusHeldMS = now - sSylusTriggerMS;
+  }
+  if (!touch.down || sSylusHeldMS < kDebugHoldMS) return;
+  nox::Rectangle area;
+  screen->GetVirtualPixelMapping(area);
+  int32_t right = screen->GetVirtualPixelLeft().ToInt() + (area.right - area.left).ToInt();
+  int32_t bottom = screen->GetVirtualPixelTop().ToInt() + (area.bottom - area.top).ToInt();
+  int32_t x = touch.heldPosition.x.ToInt();
+  int32_t y = touch.heldPosition.y.ToInt();
+  if (x >= right - kDebugCornerPixels && y >= bottom - kDebugCornerPixels) {
+    // Start timing again so that one hold opens the settings once.
+    sSylusTriggerMS = now;
+    sSylusHeldMS = 0;
+    ShowSettingsScene();
+  }
+}
 
 void Title::Update() {
   GameHost* host = GameHost::s_pGameHost;
   uint32_t dt = ClampedDelta(host->GetDeltaMS(), host->GetFixedStep());
+  nox::SoundPlayer::m_pSoundPlayer->Update(dt);
   nox::WindowManager::Get()->Update(dt);
+  if (nox::SoundManager::sm_pInstance) nox::SoundManager::sm_pInstance->Update(dt);
 }
 
 void Title::Draw() {
@@ -118,10 +162,13 @@ void Title::Throttle() {
 }
 
 void Title::Leave() {
+  nox::SoundPlayer::m_pSoundPlayer->Shutdown();
+  BadgeManager::Destroy();
+  nox::SoundManager::Destroy();
+  nox::SoundPlayer::Destroy();
+  nox::DownloadManager::Destroy();
   // The host goes before the window, settings and screen singletons: none of them
   // may ask for the time while being destroyed.
-  BadgeManager::Destroy();
-  nox::DownloadManager::Destroy();
   nox::GameHost::Destroy();
   nox::WindowManager::Destroy();
   nox::Settings::Destroy();
