@@ -55,6 +55,8 @@ void PrintHelp(FILE* out) {
       "  --input FILE           play an input script (see the README, \"Input scripts\")\n"
       "  --log FILE             also write the debug output to FILE, flushed per line\n"
       "  --quiet                no debug output on stderr\n"
+      "  --stock-audio DIR      the platform's stock sounds (h_OSTM_...)\n"
+      "                         (default: $XDG_DATA_HOME/corrin/StockAudio)\n"
       "  --audio-out FILE       also write the mixed sound to FILE (WAV, 32 kHz stereo)\n"
       "  --mute                 play no sound on the sound device\n"
       "  --stats                print frame count, frame CPU time and heap allocations\n"
@@ -176,6 +178,8 @@ bool ParseOptions(int argc, char** argv, Options& options, std::string& error) {
     } else if (arg == "--quiet") {
       if (!flag()) return false;
       options.config.quiet = true;
+    } else if (arg == "--stock-audio") {
+      if (!next(options.config.stockAudioPath)) return false;
     } else if (arg == "--audio-out") {
       if (!next(options.audioOut)) return false;
     } else if (arg == "--mute") {
