@@ -2,9 +2,7 @@
 // included.
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
+#include "../text/AllocationCount.h"
 
 #include "../files/TestFiles.h"
 #include "core/GameHost.h"
@@ -15,50 +13,10 @@
 #include "graphics/ScreenManager.h"
 #include "graphics/ScrollableQuad.h"
 
-// Sanitizer builds keep their own allocator, whose operator new this file cannot
-// replace; there the count is not taken and the test is skipped.
-#if defined(__SANITIZE_ADDRESS__)
-#define NOX_COUNTS_ALLOCATIONS 0
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define NOX_COUNTS_ALLOCATIONS 0
-#endif
-#endif
-#ifndef NOX_COUNTS_ALLOCATIONS
-#define NOX_COUNTS_ALLOCATIONS 1
-#endif
-
-namespace {
-// Only the test's own thread counts: the GL driver renders on threads of its own.
-thread_local bool s_Counting = false;
-std::atomic<int> s_Allocations{0};
-}  // namespace
-
-#if NOX_COUNTS_ALLOCATIONS
-void* operator new(std::size_t size) {
-  if (s_Counting) ++s_Allocations;
-  if (void* p = std::malloc(size ? size : 1)) return p;
-  throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) {
-  return operator new(size);
-}
-void operator delete(void* p) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, std::size_t) noexcept {
-  std::free(p);
-}
-#endif
-
 namespace {
 
+using allocationcount::s_Allocations;
+using allocationcount::s_Counting;
 using nox::Real;
 
 class Spark : public nox::Effect {
