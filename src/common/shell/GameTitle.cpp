@@ -2,6 +2,7 @@
 
 #include "core/GameHost.h"
 #include "core/Settings.h"
+#include "graphics/TileAnimation.h"
 #include "learning/Logger.h"
 #include "ostra/MetaInfo.h"
 #include "ostra/SystemData.h"
@@ -22,6 +23,7 @@ void GameTitle::Enter() {
   save->ReadAllData();
   for (int i = 0; i < kBadgeCount; ++i) s_Badges[i].awarded = save->GetData_Badge(i);
   noxfw::BadgeManager::sm_pInstance->SetBadges(s_Badges, kBadgeCount);
+  nox::TileAnimation::SetDefaultFramesPerSecond(nox::Real(12));
   save->ApplyPlayerGrade(GameSaveGame::GetPlayerGrade());
 }
 
