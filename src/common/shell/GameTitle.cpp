@@ -19,12 +19,30 @@ void GameTitle::Enter() {
   noxfw::Title::Enter();
   GameSoundManager::Create();
   GameSaveGame::Create();
+  noxfw::Logger::Create();
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
   save->ReadAllData();
   for (int i = 0; i < kBadgeCount; ++i) s_Badges[i].awarded = save->GetData_Badge(i);
   noxfw::BadgeManager::sm_pInstance->SetBadges(s_Badges, kBadgeCount);
   nox::TileAnimation::SetDefaultFramesPerSecond(nox::Real(12));
+  LogTitleStart();
   save->ApplyPlayerGrade(GameSaveGame::GetPlayerGrade());
+}
+
+void GameTitle::LogTitleStart() {
+  // Defaults stand when the title has no valid meta information.
+  noxfw::LogEventData data;
+  data.id = 99;
+  data.number = 1;
+  data.name = "PartNumber";
+  data.version = "PackageVersion";
+  Vantle::CMetaInfo meta(CSystemData::Instance()->GetCurrentTitlePath());
+  if (meta.IsValid()) {
+    data.id = meta.GetProductId();
+    data.name = meta.GetPartNumber();
+    data.version = meta.GetPackageVersion();
+  }
+  noxfw::Logger::LogEnter("Title", data);
 }
 
 void GameTitle::HandleInput() {
@@ -40,11 +58,16 @@ void GameTitle::Draw() {
 }
 
 void GameTitle::Leave() {
+  uint32_t storedReason = 0;  // the scene manager's exit reason once scenes exist
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
   save->SetData_FirstActivation(false);
   save->AddRunPlayTime(nox::GameHost::s_pGameHost->GetFrameMS());
   save->WriteAllData();
   GameSaveGame::Destroy();
+  noxfw::LogEventData data;
+  data.reason = m_bExitFromMainMenu ? 0 : storedReason;
+  noxfw::Logger::LogLeave("Title", data);
+  noxfw::Logger::Destroy();
   noxfw::Title::Leave();
 }
 
