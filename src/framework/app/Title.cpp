@@ -6,6 +6,8 @@
 #include "core/PathRegistry.h"
 #include "core/Real.h"
 #include "core/Settings.h"
+#include "debug/DebugOverlay.h"
+#include "graphics/FontManager.h"
 #include "graphics/Rectangle.h"
 #include "graphics/Screen.h"
 #include "graphics/ScreenManager.h"
@@ -44,6 +46,8 @@ void Title::Enter() {
   nox::WindowManager::Create();
   nox::DownloadManager::Create();
   nox::Input::Create(1);
+  nox::FontManager::Create();
+  nox::DebugOverlay::Create();
   nox::SoundPlayer::Create(16, false);
   BadgeManager::Create();
   nox::SoundPlayer::m_pSoundPlayer->Initialize(m_AudioPath);
@@ -133,13 +137,17 @@ void Title::Update() {
   nox::SoundPlayer::m_pSoundPlayer->Update(dt);
   nox::WindowManager::Get()->Update(dt);
   if (nox::SoundManager::sm_pInstance) nox::SoundManager::sm_pInstance->Update(dt);
+  if (Vantle::CSystem().AreCheatsEnabled()) nox::DebugOverlay::sm_pInstance->Update(dt);
 }
 
 void Title::Draw() {
   nox::WindowManager* windows = nox::WindowManager::Get();
   windows->Clear();
   windows->Draw();
-  if (Vantle::CSystem().AreCheatsEnabled()) PrintStatistics();
+  if (Vantle::CSystem().AreCheatsEnabled()) {
+    PrintStatistics();
+    nox::DebugOverlay::sm_pInstance->Draw();
+  }
   nox::ScreenManager::GetPtr()->SwapBuffers(0);
 }
 
@@ -166,6 +174,8 @@ void Title::Leave() {
   BadgeManager::Destroy();
   nox::SoundManager::Destroy();
   nox::SoundPlayer::Destroy();
+  nox::DebugOverlay::Destroy();
+  nox::FontManager::Destroy();
   nox::DownloadManager::Destroy();
   // The host goes before the window, settings and screen singletons: none of them
   // may ask for the time while being destroyed.
@@ -179,7 +189,14 @@ void Title::Leave() {
 
 void Title::ShowSettingsScene() {}
 
-void Title::PrintStatistics() {}
+void Title::PrintStatistics() {
+  if (!nox::Settings::s_pSettings->GetBoolValue("Print FPS")) return;
+  // 30 and up green, 20 to 29 yellow, below 20 white.
+  nox::Real red = m_LastFPS >= 30 ? nox::Real(0) : nox::Real(1);
+  nox::Real blue = m_LastFPS >= 20 ? nox::Real(0) : nox::Real(1);
+  nox::DebugOverlay::sm_pInstance->AddString(false, nox::Vector3(red, nox::Real(1), blue), "FPS: %u",
+                                             m_LastFPS);
+}
 
 void Title::RegisterSettings() {
   nox::Settings* s = nox::Settings::s_pSettings;
