@@ -1,0 +1,7 @@
+#include "scenes/Scene.h"
+
+namespace nox {
+
+NOX_RTTI_DEFINE(Scene, RTTIBase);
+
+}  // namespace nox
