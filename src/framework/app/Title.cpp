@@ -14,7 +14,9 @@
 #include "graphics/WindowManager.h"
 #include "input/Input.h"
 #include "learning/BadgeManager.h"
+#include "menu/ScreenTransition.h"
 #include "ostra/System.h"
+#include "scenes/SceneManager.h"
 #include "sound/SoundManager.h"
 #include "sound/SoundPlayer.h"
 
@@ -23,10 +25,10 @@ namespace noxfw {
 namespace {
 
 // While the screen transition is faded out or running, no window sees the frame's
-// input (polling has happened all the same). There is no transition yet: this is
-// where its IsFadedOrTransitioning belongs.
+// input (polling has happened all the same).
 bool ScreenTransitionHoldsInput() {
-  return false;
+  ScreenTransition* transition = ScreenTransition::sm_pInstance;
+  return transition && transition->IsFadedOrTransitioning();
 }
 
 }  // namespace
@@ -50,6 +52,9 @@ void Title::Enter() {
   nox::DebugOverlay::Create();
   nox::SoundPlayer::Create(16, false);
   BadgeManager::Create();
+  // Fade-only: no transition model is loaded.
+  ScreenTransition::Create(nullptr);
+  nox::WindowManager::Get()->OpenWindow(ScreenTransition::sm_pInstance, true);
   nox::SoundPlayer::m_pSoundPlayer->Initialize(m_AudioPath);
   RegisterSettings();
   // One poll now, so that the first frame sees no stale edge.
@@ -135,6 +140,7 @@ void Title::Update() {
   GameHost* host = GameHost::s_pGameHost;
   uint32_t dt = ClampedDelta(host->GetDeltaMS(), host->GetFixedStep());
   nox::SoundPlayer::m_pSoundPlayer->Update(dt);
+  if (SceneManager::sm_pInstance) SceneManager::sm_pInstance->Update(dt);
   nox::WindowManager::Get()->Update(dt);
   if (nox::SoundManager::sm_pInstance) nox::SoundManager::sm_pInstance->Update(dt);
   if (Vantle::CSystem().AreCheatsEnabled()) nox::DebugOverlay::sm_pInstance->Update(dt);
@@ -171,6 +177,7 @@ void Title::Throttle() {
 
 void Title::Leave() {
   nox::SoundPlayer::m_pSoundPlayer->Shutdown();
+  nox::WindowManager::Get()->CloseWindow(ScreenTransition::sm_pInstance);
   BadgeManager::Destroy();
   nox::SoundManager::Destroy();
   nox::SoundPlayer::Destroy();
@@ -180,6 +187,7 @@ void Title::Leave() {
   // The host goes before the window, settings and screen singletons: none of them
   // may ask for the time while being destroyed.
   nox::GameHost::Destroy();
+  ScreenTransition::Destroy();
   nox::WindowManager::Destroy();
   nox::Settings::Destroy();
   nox::ScreenManager::Destroy();
