@@ -1,0 +1,7 @@
+#include "agents/RefPoint.h"
+
+namespace nox {
+
+NOX_RTTI_DEFINE(RefPoint, Entity);
+
+}  // namespace nox
