@@ -23,6 +23,8 @@ void Agent::Init() {
 }
 
 void Agent::Deinit() {
+  // A second Deinit, or one without Init, must not take out what was never put in.
+  if (!m_bInitialised) return;
   m_bInitialised = false;
   if (m_bEnabled) DisableImpl();
 }
