@@ -37,9 +37,9 @@ const Json* Find(const Json& root, const std::string& path) {
   return node;
 }
 
-std::string KnownList(std::initializer_list<const char*> known) {
+std::string KnownList(const std::vector<std::string>& known) {
   std::string list;
-  for (const char* k : known) list += (list.empty() ? "" : ", ") + std::string(k);
+  for (const std::string& k : known) list += (list.empty() ? "" : ", ") + k;
   return list;
 }
 
@@ -47,6 +47,10 @@ std::string KnownList(std::initializer_list<const char*> known) {
 
 FieldReader::FieldReader(const JsonDoc& doc, const std::string& path, const std::string& what,
                          std::initializer_list<const char*> known, Diagnostics& diag)
+    : FieldReader(doc, path, what, std::vector<std::string>(known.begin(), known.end()), diag) {}
+
+FieldReader::FieldReader(const JsonDoc& doc, const std::string& path, const std::string& what,
+                         const std::vector<std::string>& known, Diagnostics& diag)
     : m_Doc(doc), m_Path(path), m_What(what), m_Diag(diag) {
   const Json* node = Find(doc.Root(), path);
   if (!node || !node->is_object()) {
@@ -56,7 +60,7 @@ FieldReader::FieldReader(const JsonDoc& doc, const std::string& path, const std:
   m_pNode = node;
   for (auto it = node->begin(); it != node->end(); ++it) {
     bool found = false;
-    for (const char* k : known) found = found || it.key() == k;
+    for (const std::string& k : known) found = found || it.key() == k;
     if (!found) {
       m_bOk = false;
       doc.Complain(diag, JoinPath(path, it.key()),

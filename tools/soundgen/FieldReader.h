@@ -19,6 +19,9 @@ class FieldReader {
   // Complains when the value at `path` is not an object or holds a field not in `known`.
   FieldReader(const JsonDoc& doc, const std::string& path, const std::string& what,
               std::initializer_list<const char*> known, Diagnostics& diag);
+  // The same with a list made at run time.
+  FieldReader(const JsonDoc& doc, const std::string& path, const std::string& what,
+              const std::vector<std::string>& known, Diagnostics& diag);
 
   bool IsObject() const { return m_pNode != nullptr; }
   bool Has(const char* key) const;
