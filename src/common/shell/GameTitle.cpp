@@ -7,6 +7,7 @@
 #include "ostra/MetaInfo.h"
 #include "ostra/SystemData.h"
 #include "save/GameSaveGame.h"
+#include "shell/GameSceneManager.h"
 #include "sound/GameSoundManager.h"
 
 namespace game {
@@ -18,6 +19,7 @@ GameTitle::~GameTitle() {}
 void GameTitle::Enter() {
   noxfw::Title::Enter();
   GameSoundManager::Create();
+  GameSceneManager::Create();
   GameSaveGame::Create();
   noxfw::Logger::Create();
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
@@ -26,6 +28,10 @@ void GameTitle::Enter() {
   noxfw::BadgeManager::sm_pInstance->SetBadges(s_Badges, kBadgeCount);
   nox::TileAnimation::SetDefaultFramesPerSecond(nox::Real(12));
   LogTitleStart();
+  // The first scene is the Morvane logo; no fade-in comes before it.
+  GameSceneManager* scenes = GameSceneManager::Get();
+  scenes->SetSceneData(scenes->GetSceneDataFromTable(kSceneMorvaneLogo));
+  scenes->CreateCurrScene();
   save->ApplyPlayerGrade(GameSaveGame::GetPlayerGrade());
 }
 
@@ -47,6 +53,9 @@ void GameTitle::LogTitleStart() {
 
 void GameTitle::HandleInput() {
   noxfw::Title::HandleInput();
+  // Home means nothing while a scene change runs.
+  GameSceneManager* scenes = GameSceneManager::Get();
+  if (!scenes || scenes->IsChangingScene()) return;
 }
 
 void GameTitle::Update() {
@@ -58,11 +67,16 @@ void GameTitle::Draw() {
 }
 
 void GameTitle::Leave() {
-  uint32_t storedReason = 0;  // the scene manager's exit reason once scenes exist
+  GameSceneManager* scenes = GameSceneManager::Get();
+  const uint32_t storedReason = scenes->GetExitReason();
+  // The scene is told to go, and its queued steps get one update of no time.
+  scenes->DoneScene(noxfw::ExitReason::Quit);
+  scenes->Update(0);
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
   save->SetData_FirstActivation(false);
   save->AddRunPlayTime(nox::GameHost::s_pGameHost->GetFrameMS());
   save->WriteAllData();
+  GameSceneManager::Destroy();
   GameSaveGame::Destroy();
   noxfw::LogEventData data;
   data.reason = m_bExitFromMainMenu ? 0 : storedReason;
