@@ -12,6 +12,7 @@
 #include "graphics/WindowManager.h"
 #include "learning/BadgeManager.h"
 #include "learning/Logger.h"
+#include "save/GameBadge.h"
 #include "save/GameSaveGame.h"
 #include "scenes/Scene.h"
 #include "scenes/SimpleScene.h"
@@ -207,31 +208,13 @@ bool GameSceneManager::ExitPrompt() {
 }
 
 bool GameSceneManager::AwardBadge(int index) {
-  if (BoolSetting("Award All Badges")) return false;
-  noxfw::BadgeManager* badges = noxfw::BadgeManager::sm_pInstance;
-  GameSaveGame* save = GameSaveGame::s_pSaveGame;
-  bool changed = false;
-  auto award = [&](int i) {
-    if (badges && badges->IsAwarded(static_cast<uint32_t>(i))) return;
-    m_RewardPopUp.ShowBadge(i);
-    if (badges) badges->AwardBadge(static_cast<uint32_t>(i));
-    if (save) save->SetData_Badge(i, true);
-    changed = true;
-  };
-  award(index);
-  if (changed && badges && badges->GetAwardedCount() == GameRewardPopUp::kFinalBadge) {
-    award(GameRewardPopUp::kFinalBadge);
-    badges->AwardAchievement(GameRewardPopUp::kFinalBadge);
-  }
-  return changed;
+  if (!noxfw::BadgeManager::sm_pInstance || !GameSaveGame::s_pSaveGame) return false;
+  return GameBadge::Award(index, [this](int shown) { m_RewardPopUp.ShowBadge(shown); });
 }
 
 void GameSceneManager::AwardAchievement(uint32_t value) {
-  GameSaveGame* save = GameSaveGame::s_pSaveGame;
-  if (!save || value >= static_cast<uint32_t>(kStoryFlags) || save->GetStoryFlag(static_cast<int>(value)))
-    return;
-  noxfw::Logger::LogBadge(static_cast<uint16_t>(value));
-  save->SetStoryFlag(static_cast<int>(value), true);
+  if (!GameSaveGame::s_pSaveGame) return;
+  GameBadge::AwardAchievement(static_cast<int>(value));
 }
 
 void GameSceneManager::LogActivityEnter(unsigned long id) {

@@ -91,8 +91,7 @@ class GameSceneManager : public noxfw::SceneManager {
   };
   const MainMenuNews& GetMainMenuNews() const { return m_MainMenuNews; }
 
-  // Badges: the reward pop-up, the badge manager and the save game, once per badge;
-  // the last badge follows when all the others are won. True when anything changed.
+  // Badges through GameBadge, shown on the reward pop-up. True when anything changed.
   bool AwardBadge(int index);
   void AwardAchievement(uint32_t value);
   void ShowLevelUp() { m_RewardPopUp.ShowLevelUp(); }
