@@ -124,7 +124,7 @@ class GameSceneManager : public noxfw::SceneManager {
   GameSceneManager();
 
   // The selection of the running menu: 1 for its first button, 0 for none.
-  unsigned long GetMenuSelection() const;
+  virtual unsigned long GetMenuSelection() const;
   // Builds the scene or menu of that id (PlayAgain menus come as 32); false if the
   // game has no such scene.
   bool BuildScene(unsigned long id, bool first);

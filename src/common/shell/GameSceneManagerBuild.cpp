@@ -45,6 +45,10 @@ bool GameSceneManager::CreateScene(unsigned long id) {
   SetupSoftButtons(id);
   const bool first = IsFirstVisit(id);
 
+  // Normally the change has destroyed both already; a scene built over a running one
+  // replaces it, its menu included.
+  DeleteScene();
+  delete m_pMenu;
   m_pMenu = nullptr;
   if (!BuildScene(buildId, first)) {
     // The change step asks again each frame under a covered screen; say so once.

@@ -1,6 +1,8 @@
 // GameSceneManager: the story rules that overrule the scene table when a scene ends.
 // Zones are numbered 0 to 4 in the save block; quest records are the save block's
 // quest flags (in progress, complete), four to a zone.
+#include <algorithm>
+
 #include "core/Settings.h"
 #include "core/Vector3.h"
 #include "learning/Logger.h"
@@ -83,7 +85,7 @@ unsigned long GameSceneManager::NextFromMainMenu(unsigned long tableId) {
       m_bGameLogOpen = true;
       GameSaveGame* save = GameSaveGame::s_pSaveGame;
       if (BoolSetting("Activate Quest Cheats")) {
-        const uint32_t zone = U32Setting("Zone Index", 1);
+        const uint32_t zone = std::max<uint32_t>(U32Setting("Zone Index", 1), 1);
         const uint32_t quest = U32Setting("Quest Index", 1);
         PickQuest((zone - 1) * 4 + quest);
         if (save) save->GetBlock().adventureFlag = 0;

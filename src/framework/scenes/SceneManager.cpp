@@ -37,17 +37,19 @@ SceneManager::SceneManager() {
 SceneManager::~SceneManager() {
   // Steps point at this manager and the scene: they go before the scene does.
   m_Sequencer.Empty();
-  if (m_pScene) {
-    m_pScene->RemoveEventListener(this);
-    nox::Window* view = m_pScene->GetView(0);
-    if (view && view->GetWindowState() != nox::Window::kClosed && nox::WindowManager::Get()) {
-      nox::WindowManager::Get()->CloseWindow(view);
-    }
-    delete m_pScene;
-    m_pScene = nullptr;
-  }
+  DeleteScene();
   nox::SoundManager* sound = nox::SoundManager::sm_pInstance;
   if (sound && sound->GetBackgroundMusic() == &m_BackgroundMusic) sound->SetBackgroundMusic(nullptr);
+}
+
+void SceneManager::DeleteScene() {
+  if (!m_pScene) return;
+  m_pScene->RemoveEventListener(this);
+  nox::Window* view = m_pScene->GetView(0);
+  nox::WindowManager* windows = nox::WindowManager::Get();
+  if (view && windows && view->GetWindowState() != nox::Window::kClosed) windows->CloseWindow(view);
+  delete m_pScene;
+  m_pScene = nullptr;
 }
 
 void SceneManager::AddRows(const SceneData* rows, int count) {
@@ -84,6 +86,8 @@ bool SceneManager::CreateScene(unsigned long id) {
 }
 
 void SceneManager::SetScene(nox::Scene* scene) {
+  // One scene at a time: one built over a running scene replaces it.
+  DeleteScene();
   m_pScene = scene;
   if (m_pScene) m_pScene->AddEventListener(this);
 }
@@ -144,15 +148,7 @@ void SceneManager::QueueFadeInEffect() {
 }
 
 void SceneManager::DestroyScene() {
-  if (m_pScene) {
-    m_pScene->RemoveEventListener(this);
-    nox::Window* view = m_pScene->GetView(0);
-    if (view && view->GetWindowState() == nox::Window::kOpen && nox::WindowManager::Get()) {
-      nox::WindowManager::Get()->CloseWindow(view);
-    }
-    delete m_pScene;
-    m_pScene = nullptr;
-  }
+  DeleteScene();
   // The moment at which the running row changes.
   SetSceneData(m_NextData);
 }

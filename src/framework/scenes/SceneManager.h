@@ -73,6 +73,8 @@ class SceneManager : public nox::EventListener<nox::Scene>, public nox::NoCopy {
   void AddRows(const SceneData* rows, int count);
   // Takes ownership of a newly built scene and listens to it.
   void SetScene(nox::Scene* scene);
+  // Closes the running scene's view and deletes the scene, if there is one.
+  void DeleteScene();
   // The scene's Leave, as a step of the change.
   void LeaveCurrentScene();
 
