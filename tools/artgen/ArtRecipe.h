@@ -85,7 +85,7 @@ struct Shape {
   Paint fill;
   Rgba outline;
   double outlineWidth = 0;  // 0: no outline. Drawn under the fill, so it shows at half width
-  Rgba shine;               // a soft highlight on the upper part; alpha 0 for none
+  Rgba shine{0, 0, 0, 0};   // a soft highlight on the upper part; alpha 0 for none
 
   // Placement: translate to `at`, rotate, scale, flip, then the motions.
   std::array<double, 2> at{{0, 0}};

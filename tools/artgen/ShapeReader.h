@@ -58,7 +58,7 @@ class ShapeReader {
   bool ReadColour(FieldReader& f, const char* key, Rgba& out);
   bool ReadMotion(const JsonDoc& doc, const std::string& path, Motion& out);
 
-  const ShapeContext& m_Context;
+  const ShapeContext m_Context;
   Diagnostics& m_Diag;
 };
 

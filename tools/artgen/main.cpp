@@ -1,12 +1,17 @@
 // artgen: draws the title's sprites and backgrounds from the art manifests.
 //
 //   artgen --title DIR [--cache FILE] [--fonts DIR] [--jobs N] [--quiet] [--check] MANIFEST...
+//   artgen --preview OUT.png SPRITE/SEQUENCE/FRAME... [--fonts DIR] MANIFEST...
 //
 // Reads and checks all manifests first; any mistake is printed as "file:line: what is
 // wrong", one line each, and nothing is made (exit 1). Otherwise draws every sprite
 // into DIR/AnimData (.anim, .tex) and every background into DIR/Levels (.til,
 // -tiled.tex). With --cache only what changed is drawn again. --fonts is where text
-// shapes find their .ttf files. --check only reads the manifests.
+// shapes find their .ttf files. --check only reads the manifests. --preview draws the
+// named frames straight from the manifests, one over the other with their canvases'
+// corners together, as they look before they are cut into tiles: screen-sized sprites
+// show a whole screen that way.
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -15,17 +20,56 @@
 #include <vector>
 
 #include "ArtBuilder.h"
+#include "FramePainter.h"
 #include "ManifestReader.h"
 
 namespace {
 
 const char* const kUsage =
-    "usage: artgen --title DIR [--cache FILE] [--fonts DIR] [--jobs N] [--quiet] [--check] MANIFEST...";
+    "usage: artgen --title DIR [--cache FILE] [--fonts DIR] [--jobs N] [--quiet] [--check] MANIFEST...\n"
+    "       artgen --preview OUT.png SPRITE/SEQUENCE/FRAME... [--fonts DIR] MANIFEST...";
 const char* const kDefaultFonts = "/usr/share/fonts/truetype/andika";
 
 int Fail(const std::string& message) {
   fprintf(stderr, "artgen: %s\n", message.c_str());
   return 1;
+}
+
+// Draws each "Sprite/Sequence/Frame" over the ones before it.
+int Preview(const artgen::ArtSet& set, const std::string& out, const std::vector<std::string>& frames) {
+  assetlib::Image canvas;
+  for (const std::string& spec : frames) {
+    const size_t a = spec.find('/'), b = spec.rfind('/');
+    const artgen::SpriteRecipe* sprite = nullptr;
+    for (const artgen::SpriteRecipe& s : set.sprites) {
+      if (a != std::string::npos && s.name == spec.substr(0, a)) sprite = &s;
+    }
+    const artgen::SequenceRecipe* sequence = nullptr;
+    for (size_t i = 0; sprite && b > a && i < sprite->sequences.size(); ++i) {
+      if (sprite->sequences[i].name == spec.substr(a + 1, b - a - 1)) sequence = &sprite->sequences[i];
+    }
+    const int frame = b > a ? atoi(spec.c_str() + b + 1) : -1;
+    if (!sequence || frame < 0 || frame >= sequence->frames)
+      return Fail(spec + ": no such sprite/sequence/frame");
+    if (canvas.width == 0)
+      canvas = assetlib::Image(static_cast<uint32_t>(sprite->width), static_cast<uint32_t>(sprite->height));
+    for (unsigned l = 0; l < sprite->layers.size(); ++l) {
+      const assetlib::Image picture = artgen::RenderSpriteFrame(*sprite, *sequence, frame, l);
+      for (uint32_t y = 0; y < std::min(canvas.height, picture.height); ++y) {
+        for (uint32_t x = 0; x < std::min(canvas.width, picture.width); ++x) {
+          const uint8_t* p = picture.At(x, y);
+          uint8_t* c = canvas.At(x, y);
+          const unsigned alpha = p[3];
+          for (int i = 0; i < 3; ++i)
+            c[i] = static_cast<uint8_t>((p[i] * alpha + c[i] * (255 - alpha)) / 255);
+          c[3] = static_cast<uint8_t>(alpha + c[3] * (255 - alpha) / 255);
+        }
+      }
+    }
+  }
+  std::string error;
+  if (!assetlib::WritePng(out, canvas, error)) return Fail(error);
+  return 0;
 }
 
 }  // namespace
@@ -36,6 +80,8 @@ int main(int argc, char** argv) {
   std::string fonts = kDefaultFonts;
   std::vector<std::string> manifests;
   bool check = false;
+  std::string preview;
+  std::vector<std::string> previewFrames;
   for (int i = 1; i < argc; ++i) {
     const std::string arg = argv[i];
     const char* value = i + 1 < argc ? argv[i + 1] : nullptr;
@@ -59,6 +105,11 @@ int main(int argc, char** argv) {
       options.quiet = true;
     } else if (arg == "--check") {
       check = true;
+    } else if (arg == "--preview") {
+      ok = take(preview);
+    } else if (!preview.empty() && arg.find('/') != std::string::npos &&
+               arg.find(".json") == std::string::npos) {
+      previewFrames.push_back(arg);
     } else if (arg.compare(0, 2, "--") == 0) {
       ok = false;
     } else {
@@ -66,7 +117,7 @@ int main(int argc, char** argv) {
     }
     if (!ok) return Fail(kUsage);
   }
-  if (manifests.empty() || (!check && options.titleDir.empty())) return Fail(kUsage);
+  if (manifests.empty() || (!check && preview.empty() && options.titleDir.empty())) return Fail(kUsage);
 
   const auto start = std::chrono::steady_clock::now();
   soundgen::Diagnostics diag;
@@ -76,6 +127,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (check) return 0;
+  if (!preview.empty()) return Preview(set, preview, previewFrames);
 
   artgen::ArtReport report;
   const bool ok = artgen::BuildArt(set, options, report, diag);
