@@ -18,6 +18,9 @@ TileResourceFile::~TileResourceFile() {
 void TileResourceFile::Release() {
   if (m_pDataFile) FileSystem::FileClose(m_pDataFile);
   m_pDataFile = nullptr;
+  if (m_pInflate) inflateEnd(m_pInflate);
+  delete m_pInflate;
+  m_pInflate = nullptr;
   Loader::UnloadFile(m_pIndex);
   m_pIndex = nullptr;
   m_pEntries = nullptr;
@@ -41,6 +44,12 @@ bool TileResourceFile::Initialize(const std::string& name) {
     return false;
   }
   m_pDataFile = data;
+  // zlib's one-shot uncompress would allocate its state for every tile.
+  m_pInflate = new z_stream();
+  if (inflateInit(m_pInflate) != Z_OK) {
+    delete m_pInflate;
+    m_pInflate = nullptr;
+  }
   m_bInitialized = true;
   return true;
 }
@@ -82,12 +91,17 @@ void TileResourceFile::LoadTile(unsigned x, unsigned y, unsigned char* out, unsi
     memset(out, 0, size);
     return;
   }
-  if (!m_pDataFile || FileSystem::FileSeek(m_pDataFile, static_cast<long>(entry->offset), SEEK_SET) != 0)
+  if (!m_pDataFile || !m_pInflate ||
+      FileSystem::FileSeek(m_pDataFile, static_cast<long>(entry->offset), SEEK_SET) != 0)
     return;
   unsigned char packed[kTileMaxBytes];
   if (FileSystem::FileRead(packed, 1, entry->packedSize, m_pDataFile) != entry->packedSize) return;
-  uLongf limit = size < kTileMaxBytes ? size : kTileMaxBytes;
-  uncompress(out, &limit, packed, entry->packedSize);
+  if (inflateReset(m_pInflate) != Z_OK) return;
+  m_pInflate->next_in = packed;
+  m_pInflate->avail_in = entry->packedSize;
+  m_pInflate->next_out = out;
+  m_pInflate->avail_out = static_cast<uInt>(size < kTileMaxBytes ? size : kTileMaxBytes);
+  inflate(m_pInflate, Z_FINISH);
 }
 
 }  // namespace nox
