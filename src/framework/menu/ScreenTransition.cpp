@@ -1,5 +1,7 @@
 #include "menu/ScreenTransition.h"
 
+#include "core/Debug.h"
+
 namespace noxfw {
 
 NOX_RTTI_DEFINE(ScreenTransition, nox::Window);
@@ -9,6 +11,7 @@ ScreenTransition* ScreenTransition::sm_pInstance = nullptr;
 void ScreenTransition::Create(const char* modelFile) {
   if (sm_pInstance) return;
   sm_pInstance = new ScreenTransition();
+  sm_pInstance->Initialize(modelFile);
 }
 
 void ScreenTransition::Destroy() {
@@ -30,6 +33,22 @@ void ScreenTransition::FadeOut(unsigned short ms) {
   m_bFadeMode = true;
   m_DelayCount = 0;
   m_Fader.FadeOut(ms);
+}
+
+bool ScreenTransition::Initialize(const char* modelName) {
+  // The fade needs nothing more; the model would only add the captured picture.
+  if (!m_bModelLogged) {
+    m_bModelLogged = true;
+    nox::AutomationPrintf("ScreenTransition: no model (%s), fading only",
+                          modelName && modelName[0] ? modelName : "none");
+  }
+  return false;
+}
+
+void ScreenTransition::Play(const char* animation, nox::Real speed) {
+  // Without a model the animation is over before it began: the transition stays in
+  // fade mode with the fader as it is.
+  m_bFadeMode = true;
 }
 
 bool ScreenTransition::IsTransitionComplete() const {

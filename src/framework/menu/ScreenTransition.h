@@ -5,8 +5,10 @@
 //
 // A singleton made by the title at start and opened at once in the overlay list; the
 // title closes and destroys it at the end. The transition can also show a captured
-// copy of the screen on a model; no model is loaded here, so it is fade-only, which is
-// the only mode a scene change uses.
+// copy of the screen on a model and play the model's animation over the next scene
+// (Initialize, Capture, Play). The engine has no model loader yet, so Initialize
+// keeps the transition fade-only and says so once in the automation log; Play then
+// ends at once. Fading is the only mode a scene change uses.
 #pragma once
 #include <cstdint>
 
@@ -34,6 +36,14 @@ class ScreenTransition : public nox::Window {
   bool IsTransitionComplete() const;
   // True while fading, and after a fade that left the screen covered.
   bool IsFadedOrTransitioning() const;
+  // Loads the transition model; false, and fade-only, when there is none. An instance
+  // reports its missing model once.
+  bool Initialize(const char* modelName);
+  bool HasModel() const { return false; }
+  // Plays the model's animation at `speed`; without a model it is complete at once.
+  void Play(const char* animation, nox::Real speed);
+  // Copies the frame buffer into the model's picture; nothing without a model.
+  void Capture() {}
   void Cleanup() {}
 
   void Update(unsigned long ms) override;
@@ -49,6 +59,7 @@ class ScreenTransition : public nox::Window {
   uint32_t m_DelayCount = 0;  // frames waited by the running fade
   uint32_t m_Delay = 0;       // frames
   bool m_bFadeMode = true;
+  bool m_bModelLogged = false;  // the missing model has been reported
 };
 
 }  // namespace noxfw
