@@ -1,7 +1,7 @@
 // Sprites playing sprites made by animwriter: frame stepping at 12 frames a second,
 // ends and loops, events, the current sequence, nil points and rectangles, anchors,
 // layers, hit tests, the turn between world and animation space, fetched frames that
-// share data, and pictures drawn through the GL.
+// share data or one deferred holder, and pictures drawn through the GL.
 #include <GLES/gl.h>
 #include <gtest/gtest.h>
 
@@ -440,6 +440,37 @@ TEST_F(SpriteDrawTest, FetchedFramesWithOneOffsetAreReadOnceAndGiveTheirTextureB
   holder->UnloadOffscreenResources();
   EXPECT_EQ(holder->GetTexture()->GetTextureId(), 0u);
   delete holder;
+}
+
+TEST_F(SpriteDrawTest, SpritesOfDeferredDataShareOneHolderThatOutlivesThemAndFetchesEachOnesFrame) {
+  WriteBoxSprite("Shared", assetlib::AnimStorage::kFrames, true, {0, 255, 0, 255});
+  nox::TileAnimData data("Shared", false, true);
+  ASSERT_TRUE(data.IsLoaded());
+  TileAnimation* big = data.CreateCellAnimation();
+  TileAnimation* small = data.CreateCellAnimation();
+  ASSERT_NE(data.GetSharedFrameHolder(), nullptr);
+  EXPECT_EQ(big->GetFrameHolder(), data.GetSharedFrameHolder());
+  EXPECT_EQ(small->GetFrameHolder(), data.GetSharedFrameHolder());
+
+  // One holder, two frames in turn: each sprite draws its own picture.
+  big->Play(HashString("Box"), 0);
+  big->SetPosition(Real(100), Real(50), Real(10));
+  small->Play(HashString("Box"), 2);
+  small->SetPosition(Real(200), Real(50), Real(10));
+  Clear();
+  big->Draw();
+  small->Draw();
+  EXPECT_EQ(Pixel(110, 60), 0x00FF00u);
+  EXPECT_EQ(Pixel(201, 51), 0x00FF00u);
+  EXPECT_EQ(Pixel(210, 60), 0u);
+
+  // The holder is the data's: a sprite that goes leaves it to the others.
+  delete big;
+  Clear();
+  small->Draw();
+  EXPECT_EQ(Pixel(201, 51), 0x00FF00u);
+  delete small;
+  EXPECT_NE(data.GetSharedFrameHolder(), nullptr);
 }
 
 }  // namespace
