@@ -13,17 +13,17 @@ const char* const DappletSoftButtons::kHintSprite = "SoftButton_Hint";
 
 namespace {
 
-// The buttons' "Origin" points: the centres of the two top corners' buttons.
-const nox::Vector2 kHomePosition(nox::Real(22), nox::Real(22));
-const nox::Vector2 kHintPosition(nox::Real(458), nox::Real(22));
+// Like every menu sprite, each button is drawn where it sits on the screen: its
+// "Origin" is the screen's top left corner.
+const nox::Vector2 kScreenCorner;
 
 }  // namespace
 
 DappletSoftButtons::DappletSoftButtons(const char* home, const char* hint) : noxfw::Menu(nullptr, nullptr) {
   m_pHome = CreateButton(home);
   m_pHint = CreateButton(hint);
-  m_pHome->SetPosition(kHomePosition);
-  m_pHint->SetPosition(kHintPosition);
+  m_pHome->SetPosition(kScreenCorner);
+  m_pHint->SetPosition(kScreenCorner);
   AddButton(m_pHome, nullptr, nullptr, nullptr, m_pHint);
   AddButton(m_pHint, nullptr, nullptr, m_pHome);
 }

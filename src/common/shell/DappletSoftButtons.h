@@ -1,5 +1,7 @@
-// The tablet's two permanent on-screen buttons, Home (top left) and Hint (top right),
-// as a small menu drawn above the scenes. A touch that comes down on one of them
+// The tablet's two permanent on-screen buttons, Home and Hint, as a small menu drawn
+// above the scenes. Their sprites place them (Home at the top left and Hint at the
+// top right in the title's art): each is drawn with its "Origin" at the screen's
+// corner and takes touches in its "Hotspot0". A touch that comes down on one of them
 // marks it touched for the rest of that frame: the title reads the Home mark and the
 // activities the Hint mark while they handle input, and the marks are cleared when
 // the frame's update comes. The buttons react to the stylus only; the pad goes on to

@@ -26,10 +26,9 @@ class SoftButtonsTest : public menutest::WidgetTest {
  protected:
   void SetUp() override {
     WidgetTest::SetUp();
-    // Each button 36 by 36 with its origin at its top left: the art's origin is the
-    // centre in the game, the test only needs to know where it lies.
-    WriteButton("TestHome", 36, 36);
-    WriteButton("TestHint", 36, 36);
+    // 36 by 36 in the top corners, drawn where they sit: origin at the screen's corner.
+    WriteButton("TestHome", 36, 36, 4, 4);
+    WriteButton("TestHint", 36, 36, 440, 4);
     m_pButtons = new DappletSoftButtons("TestHome", "TestHint");
     nox::WindowManager::Get()->OpenWindow(&m_Below, false);
     nox::WindowManager::Get()->OpenWindow(m_pButtons, true);
@@ -53,7 +52,7 @@ class SoftButtonsTest : public menutest::WidgetTest {
 };
 
 TEST_F(SoftButtonsTest, ATouchOnAButtonIsReportedForThatFrameOnly) {
-  Touch(true, 30, 30);  // home, placed at (22, 22)
+  Touch(true, 30, 30);  // home
   InputOnly();
   EXPECT_TRUE(m_pButtons->GetHomeButtonTouched());
   EXPECT_FALSE(m_pButtons->GetHintButtonTouched());
@@ -66,14 +65,14 @@ TEST_F(SoftButtonsTest, ATouchOnAButtonIsReportedForThatFrameOnly) {
   Frame();
   EXPECT_EQ(m_pButtons->GetSelected(), nullptr);
 
-  Touch(true, 470, 40);  // hint, placed at (458, 22)
+  Touch(true, 470, 36);  // hint
   InputOnly();
   EXPECT_TRUE(m_pButtons->GetHintButtonTouched());
   EXPECT_FALSE(m_pButtons->GetHomeButtonTouched());
   m_pButtons->TriggerHintButton();
   EXPECT_TRUE(m_pButtons->GetHintButton()->IsTriggered());
   nox::WindowManager::Get()->Update(17);
-  Touch(false, 470, 40);
+  Touch(false, 470, 36);
   Frame();
   EXPECT_EQ(m_pButtons->GetHintButton()->GetState(), noxfw::Button::kActive);
 
@@ -97,10 +96,10 @@ TEST_F(SoftButtonsTest, HiddenOrLockedButtonsReportNothingAndThePadPassesBy) {
 
   m_pButtons->SetButtonsVisible(true);
   m_pButtons->LockInput();
-  Touch(true, 470, 40);
+  Touch(true, 470, 36);
   InputOnly();
   EXPECT_FALSE(m_pButtons->GetHintButtonTouched());
-  Touch(false, 470, 40);
+  Touch(false, 470, 36);
   Frame();
   m_pButtons->UnlockInput();
 

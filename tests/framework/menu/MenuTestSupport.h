@@ -96,8 +96,10 @@ class WidgetTest : public ::testing::Test {
 
   // A button sprite of `width` by `height` with its "Origin" at the top left, the
   // rectangle "Hotspot0" over all of it, and one frame per state in the state's
-  // colour; "Prompt" has three frames.
-  void WriteButton(const std::string& name, int width = 40, int height = 30) {
+  // colour; "Prompt" has three frames. With an offset the picture and its hotspot lie
+  // that far from the origin, as in art drawn where it sits on the screen.
+  void WriteButton(const std::string& name, int width = 40, int height = 30, int offsetX = 0,
+                   int offsetY = 0) {
     assetlib::AnimDesc desc;
     desc.tileSize = 8;
     desc.storage = assetlib::AnimStorage::kSheet;
@@ -113,10 +115,13 @@ class WidgetTest : public ::testing::Test {
     for (const State& state : states) {
       assetlib::AnimSequenceDesc seq;
       seq.name = state.name;
+      seq.originX = -offsetX;
+      seq.originY = -offsetY;
       for (int f = 0; f < state.frames; ++f) seq.frames.push_back({{0u, state.picture}});
       seq.points.push_back({"Origin", std::vector<assetlib::AnimPoint>(state.frames, {false, 0, 0})});
       seq.rects.push_back(
-          {"Hotspot0", std::vector<assetlib::AnimRect>(state.frames, {false, 0, 0, width, height})});
+          {"Hotspot0", std::vector<assetlib::AnimRect>(
+                           state.frames, {false, offsetX, offsetY, offsetX + width, offsetY + height})});
       desc.sequences.push_back(seq);
     }
     const uint32_t w = static_cast<uint32_t>(width), h = static_cast<uint32_t>(height);
