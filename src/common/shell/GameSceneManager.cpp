@@ -12,6 +12,7 @@
 #include "graphics/WindowManager.h"
 #include "learning/BadgeManager.h"
 #include "learning/Logger.h"
+#include "menu/Menu.h"
 #include "save/GameBadge.h"
 #include "save/GameSaveGame.h"
 #include "scenes/Scene.h"
@@ -71,7 +72,7 @@ bool GameSceneManager::IsFirstVisit(unsigned long id) const {
 }
 
 bool GameSceneManager::IsScenePaused() const {
-  if (m_pMenu) return m_pScene ? m_pScene->IsPaused() : true;
+  if (const noxfw::Menu* menu = nox::TypeCast<noxfw::Menu>(m_pMenu)) return menu->IsPaused();
   if (m_pScene) return m_pScene->IsPaused();
   return true;
 }
@@ -182,8 +183,11 @@ void GameSceneManager::PauseScene() {
   if (sound) {
     for (uint32_t c = 1; c <= 10; ++c) sound->Pause(c);
   }
-  // The menu's own pause arrives with the menu widgets; the scene pauses meanwhile.
-  noxfw::SceneManager::PauseScene();
+  if (noxfw::Menu* menu = nox::TypeCast<noxfw::Menu>(m_pMenu)) {
+    menu->Pause();
+  } else {
+    noxfw::SceneManager::PauseScene();
+  }
 }
 
 void GameSceneManager::ResumeScene() {
@@ -193,7 +197,11 @@ void GameSceneManager::ResumeScene() {
     // One category further than PauseScene, which does no harm.
     for (uint32_t c = 1; c <= 11; ++c) sound->Resume(c);
   }
-  noxfw::SceneManager::ResumeScene();
+  if (noxfw::Menu* menu = nox::TypeCast<noxfw::Menu>(m_pMenu)) {
+    menu->Resume();
+  } else {
+    noxfw::SceneManager::ResumeScene();
+  }
 }
 
 void GameSceneManager::DestroyScene() {

@@ -1,15 +1,18 @@
 // GameSceneManager: building the scene of an id.
 #include "core/Debug.h"
 #include "core/DownloadManager.h"
+#include "graphics/ScreenManager.h"
 #include "graphics/Window.h"
 #include "graphics/WindowManager.h"
 #include "learning/BadgeManager.h"
 #include "learning/Logger.h"
+#include "menu/Menu.h"
 #include "save/GameSaveGame.h"
 #include "scenes/Scene.h"
 #include "scenes/SimpleScene.h"
 #include "shell/GameNisScene.h"
 #include "shell/GameSceneManager.h"
+#include "shell/MainMenu.h"
 
 namespace game {
 
@@ -102,17 +105,25 @@ bool GameSceneManager::BuildScene(unsigned long id, bool first) {
     case kSceneTitleCard:
       scene = new GameTitleCardNis();
       break;
+    case kSceneMainMenu:
+      m_pMenu = new MainMenu(first, m_MainMenuNews.newBadge, m_MainMenuNews.newDownloads,
+                             m_MainMenuNews.newDrawing);
+      break;
     default:
       break;
   }
-  if (!scene && m_pMenu) scene = new noxfw::SimpleScene(m_pMenu);
+  if (!scene && m_pMenu) {
+    m_pMenu->SetScreen(nox::ScreenManager::Get());
+    scene = new noxfw::SimpleScene(m_pMenu);
+  }
   if (!scene) return false;
   SetScene(scene);
   return true;
 }
 
 unsigned long GameSceneManager::GetMenuSelection() const {
-  return 0;
+  const noxfw::Menu* menu = nox::TypeCast<noxfw::Menu>(m_pMenu);
+  return menu ? static_cast<unsigned long>(menu->GetSelectedId()) : 0;
 }
 
 }  // namespace game

@@ -1,0 +1,56 @@
+// The main menu: the five big buttons of the game's shell over the meadow. The scene
+// manager reads the chosen button's place (1 activities, 2 the story, 3 micromods,
+// 4 badges, 5 the journal) as the way on once the menu ends with Complete.
+//
+// A menu window shown by a noxfw::SimpleScene; the scene manager owns it. Its script
+// (the prompt on opening, the click and voice of a choice, the scene's end) runs on
+// its own sequencer.
+#pragma once
+#include <string>
+
+#include "menu/Menu.h"
+#include "sequencer/Sequencer.h"
+
+namespace game {
+
+class MainMenu : public noxfw::Menu {
+  NOX_RTTI_DECLARE
+
+ public:
+  enum ButtonIndex {
+    kActivity = 1,
+    kAdventure = 2,
+    kMicroMod = 3,
+    kBadge = 4,
+    kJournal = 5,
+    kButtonCount = 5
+  };
+
+  // `first`: the first visit of this run; the other three say what is new since the
+  // menu was last shown. None of them changes the menu's flow.
+  MainMenu(bool first, bool newBadge, bool newDownloads, bool newDrawing, const char* introVoice = "NONE",
+           const char* repeatVoice = "NONE");
+  ~MainMenu() override;
+
+  void Open() override;
+  void Update(unsigned long ms) override;
+  void Activate() override;
+
+  bool IsFirstVisit() const { return m_bFirst; }
+  bool HasNewBadge() const { return m_bNewBadge; }
+  bool HasNewDownloads() const { return m_bNewDownloads; }
+  bool HasNewDrawing() const { return m_bNewDrawing; }
+  noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
+
+ private:
+  noxfw::Sequencer m_Sequencer;
+  noxfw::Button* m_pButtons[kButtonCount];  // owned by the menu, by ButtonIndex - 1
+  std::string m_IntroVoice;
+  std::string m_RepeatVoice;
+  bool m_bFirst;
+  bool m_bNewBadge;
+  bool m_bNewDownloads;
+  bool m_bNewDrawing;
+};
+
+}  // namespace game
