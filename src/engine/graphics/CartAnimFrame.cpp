@@ -1,8 +1,7 @@
 #include "graphics/CartAnimFrame.h"
 
-#include <zlib.h>
-
 #include "core/FileSystem.h"
+#include "core/Inflater.h"
 #include "graphics/TileAnimData.h"
 
 namespace nox {
@@ -41,8 +40,8 @@ bool CartAnimFrame::LoadToBuffer(unsigned sequence, unsigned frame) {
   if (FileSystem::FileSeek(file, static_cast<long>(entry->offset), SEEK_SET) != 0) return false;
   if (TADIsPacked(header->texFormat)) {
     if (FileSystem::FileRead(m_pPackedBuffer, 1, entry->size, file) != entry->size) return false;
-    uLongf got = header->maxUnpackedFrame;
-    if (uncompress(m_pPixelBuffer, &got, m_pPackedBuffer, entry->size) != Z_OK) return false;
+    unsigned long got = header->maxUnpackedFrame;
+    if (!Inflater::Inflate(m_pPixelBuffer, got, m_pPackedBuffer, entry->size)) return false;
     m_DataSize = got;
     return true;
   }
@@ -59,8 +58,8 @@ bool StreamedMemoryAnimFrame::LoadToBuffer(unsigned sequence, unsigned frame) {
   if (!entry || !data || entry->size > header->maxPackedFrame) return false;
   if (TADIsPacked(header->texFormat)) {
     m_pPixelBuffer = AlignedBuffer();
-    uLongf got = header->maxUnpackedFrame;
-    if (uncompress(m_pPixelBuffer, &got, data + entry->offset, entry->size) != Z_OK) return false;
+    unsigned long got = header->maxUnpackedFrame;
+    if (!Inflater::Inflate(m_pPixelBuffer, got, data + entry->offset, entry->size)) return false;
     m_DataSize = got;
     return true;
   }

@@ -1,11 +1,10 @@
 #include "graphics/TileResourceFile.h"
 
-#include <zlib.h>
-
 #include <cstring>
 
 #include "core/Debug.h"
 #include "core/FileSystem.h"
+#include "core/Inflater.h"
 #include "core/Loader.h"
 #include "core/PathRegistry.h"
 
@@ -18,9 +17,6 @@ TileResourceFile::~TileResourceFile() {
 void TileResourceFile::Release() {
   if (m_pDataFile) FileSystem::FileClose(m_pDataFile);
   m_pDataFile = nullptr;
-  if (m_pInflate) inflateEnd(m_pInflate);
-  delete m_pInflate;
-  m_pInflate = nullptr;
   Loader::UnloadFile(m_pIndex);
   m_pIndex = nullptr;
   m_pEntries = nullptr;
@@ -44,12 +40,6 @@ bool TileResourceFile::Initialize(const std::string& name) {
     return false;
   }
   m_pDataFile = data;
-  // zlib's one-shot uncompress would allocate its state for every tile.
-  m_pInflate = new z_stream();
-  if (inflateInit(m_pInflate) != Z_OK) {
-    delete m_pInflate;
-    m_pInflate = nullptr;
-  }
   m_bInitialized = true;
   return true;
 }
@@ -91,17 +81,12 @@ void TileResourceFile::LoadTile(unsigned x, unsigned y, unsigned char* out, unsi
     memset(out, 0, size);
     return;
   }
-  if (!m_pDataFile || !m_pInflate ||
-      FileSystem::FileSeek(m_pDataFile, static_cast<long>(entry->offset), SEEK_SET) != 0)
+  if (!m_pDataFile || FileSystem::FileSeek(m_pDataFile, static_cast<long>(entry->offset), SEEK_SET) != 0)
     return;
   unsigned char packed[kTileMaxBytes];
   if (FileSystem::FileRead(packed, 1, entry->packedSize, m_pDataFile) != entry->packedSize) return;
-  if (inflateReset(m_pInflate) != Z_OK) return;
-  m_pInflate->next_in = packed;
-  m_pInflate->avail_in = entry->packedSize;
-  m_pInflate->next_out = out;
-  m_pInflate->avail_out = static_cast<uInt>(size < kTileMaxBytes ? size : kTileMaxBytes);
-  inflate(m_pInflate, Z_FINISH);
+  unsigned long limit = size < kTileMaxBytes ? size : kTileMaxBytes;
+  Inflater::Inflate(out, limit, packed, entry->packedSize);
 }
 
 }  // namespace nox

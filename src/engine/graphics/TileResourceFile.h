@@ -1,9 +1,8 @@
 // A scrolling background: a ".til" index of columns by rows tiles and, beside it, a
 // "-tiled.tex" holding one zlib stream per distinct tile picture. The index stays in
 // memory; the data file stays open and each tile is read and unpacked on demand into
-// the caller's buffer (one seek, one read of at most 2048 bytes, one inflate). The
-// inflate stream is made once when the file opens and reset for each tile, so that
-// streaming tiles while scrolling allocates nothing.
+// the caller's buffer (one seek, one read of at most 2048 bytes, one inflate through
+// the Inflater, so that streaming tiles while scrolling allocates nothing).
 //
 // Two tiles with one picture carry one offset, and that offset is the tile's key, so a
 // texture cache can hold one copy of it. The index is checked when it is loaded: a
@@ -17,8 +16,6 @@
 
 #include "core/NoCopy.h"
 #include "graphics/TileFileFormat.h"
-
-struct z_stream_s;
 
 namespace nox {
 
@@ -57,7 +54,6 @@ class TileResourceFile : public NoCopy {
   const TileIndexEntry* m_pEntries = nullptr;  // in m_pIndex
   TileIndexHeader m_Header = {};               // copy of the first 12 bytes
   uint8_t* m_pIndex = nullptr;                 // owned, from Loader::LoadFile
-  z_stream_s* m_pInflate = nullptr;            // owned, open while the data file is
 };
 
 }  // namespace nox
