@@ -1,7 +1,9 @@
 // A busy 2D frame on the headless Mesa context: 300 animated sprites played by one
 // animation engine and a scrolling background that covers the screen, against a bare
-// clear and swap. The background swings back and forth across a 1024 by 512 picture of
-// distinct tiles, so it crosses tile boundaries (and streams tiles) all the time.
+// clear and swap. 280 sprites share one sheet; 20 larger ones fetch and unpack each
+// frame as they play, each into its own texture, as big characters do. The background swings back and forth
+// across a 1024 by 512 picture of distinct tiles, so it crosses tile boundaries (and streams tiles) all the
+// time.
 //
 // Reported per frame: the process's CPU time (the rasteriser's threads included) and
 // the wall time (glFinish ends each frame), and "allocs", the heap allocations made on
@@ -15,6 +17,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,6 +44,7 @@ using assetlib::Image;
 using nox::Real;
 
 const int kSprites = 300;
+const int kFetchedSprites = 20;  // of kSprites
 const unsigned long kFrameMS = 17;
 
 bool WriteBytes(const std::string& path, const assetlib::Bytes& bytes) {
@@ -85,31 +89,56 @@ Image Background() {
   return image;
 }
 
-bool WriteAssets(const std::string& title) {
-  std::string error;
+// Eight frames of a spinner `size` pixels wide, "Spin", stored as asked.
+assetlib::AnimDesc SpinnerDescription(int size, assetlib::AnimStorage storage) {
   assetlib::AnimDesc desc;
   desc.tileSize = 16;
-  desc.storage = assetlib::AnimStorage::kSheet;
+  desc.storage = storage;
   desc.layers.push_back(assetlib::AnimLayerDesc{"Main", 0});
   assetlib::AnimSequenceDesc spin;
   spin.name = "Spin";
-  spin.originX = 16;
-  spin.originY = 16;
+  spin.originX = size / 2;
+  spin.originY = size / 2;
   for (int f = 0; f < 8; ++f) spin.frames.push_back({{0u, "f" + std::to_string(f)}});
   desc.sequences.push_back(spin);
-  assetlib::ImageSource images = [](const std::string& name, Image& out, std::string&) {
-    out = SpinnerFrame(atoi(name.c_str() + 1));
+  return desc;
+}
+
+// The same spinner drawn twice as large.
+Image Doubled(const Image& small) {
+  Image big(small.width * 2, small.height * 2);
+  for (uint32_t y = 0; y < big.height; ++y) {
+    for (uint32_t x = 0; x < big.width; ++x) memcpy(big.At(x, y), small.At(x / 2, y / 2), 4);
+  }
+  return big;
+}
+
+bool WriteSprite(const std::string& title, const std::string& name, const assetlib::AnimDesc& desc,
+                 bool doubled) {
+  assetlib::ImageSource images = [doubled](const std::string& picture, Image& out, std::string&) {
+    out = SpinnerFrame(atoi(picture.c_str() + 1));
+    if (doubled) out = Doubled(out);
     return true;
   };
+  std::string error;
   assetlib::AnimOutput anim;
-  assetlib::TilOutput til;
-  if (!assetlib::BuildAnim(desc, images, "BenchSpinner", anim, error) ||
-      !assetlib::BuildTil(Background(), assetlib::TilOptions(), "BenchSky", til, error)) {
+  if (!assetlib::BuildAnim(desc, images, name, anim, error)) {
     fprintf(stderr, "bench_sprites: %s\n", error.c_str());
     return false;
   }
-  return WriteBytes(title + "/AnimData/BenchSpinner.anim", anim.anim) &&
-         WriteBytes(title + "/AnimData/BenchSpinner.tex", anim.tex) &&
+  return WriteBytes(title + "/AnimData/" + name + ".anim", anim.anim) &&
+         WriteBytes(title + "/AnimData/" + name + ".tex", anim.tex);
+}
+
+bool WriteAssets(const std::string& title) {
+  std::string error;
+  assetlib::TilOutput til;
+  if (!assetlib::BuildTil(Background(), assetlib::TilOptions(), "BenchSky", til, error)) {
+    fprintf(stderr, "bench_sprites: %s\n", error.c_str());
+    return false;
+  }
+  return WriteSprite(title, "BenchSpinner", SpinnerDescription(32, assetlib::AnimStorage::kSheet), false) &&
+         WriteSprite(title, "BenchBig", SpinnerDescription(64, assetlib::AnimStorage::kFrames), true) &&
          WriteBytes(title + "/Levels/BenchSky.til", til.index) &&
          WriteBytes(title + "/Levels/BenchSky-tiled.tex", til.data);
 }
@@ -157,12 +186,13 @@ class SceneWindow : public nox::Window {
     }
   }
   bool Load() {
-    m_pData = new nox::TileAnimData("BenchSpinner", false, false);
-    m_Data.reset(m_pData);
-    if (!m_pData->IsLoaded() || !m_Quad.Initialize("BenchSky")) return false;
+    m_Small.reset(new nox::TileAnimData("BenchSpinner", false, false));
+    m_Big.reset(new nox::TileAnimData("BenchBig", false, false));
+    if (!m_Small->IsLoaded() || !m_Big->IsLoaded() || !m_Quad.Initialize("BenchSky")) return false;
     const nox::NameHash spin = nox::HashString("Spin");
     for (int i = 0; i < kSprites; ++i) {
-      nox::TileAnimation* sprite = m_pData->CreateCellAnimation();
+      nox::TileAnimation* sprite =
+          (i % (kSprites / kFetchedSprites) == 0 ? m_Big : m_Small)->CreateCellAnimation();
       sprite->SetLoop(true);
       sprite->Play(spin, i % 8, i % 3 == 0, false);
       sprite->SetPosition(Real(16 + i * 37 % 448), Real(16 + i * 23 % 240), Real(i % 50));
@@ -185,8 +215,8 @@ class SceneWindow : public nox::Window {
   }
 
  private:
-  std::unique_ptr<nox::TileAnimData> m_Data;
-  nox::TileAnimData* m_pData = nullptr;
+  std::unique_ptr<nox::TileAnimData> m_Small;  // on one sheet
+  std::unique_ptr<nox::TileAnimData> m_Big;    // frames fetched as they play
   nox::ScrollableQuad m_Quad;
   nox::AnimationEngine m_Engine;
   std::vector<nox::TileAnimation*> m_Sprites;  // owned
