@@ -87,10 +87,12 @@ void GameTitle::Leave() {
 
 void GameTitle::Suspend() {
   m_bSuspended = true;
+  if (GameSceneManager* scenes = GameSceneManager::Get()) scenes->PauseScene();
 }
 
 void GameTitle::Resume() {
   m_bSuspended = false;
+  if (GameSceneManager* scenes = GameSceneManager::Get()) scenes->ResumeScene();
 }
 
 }  // namespace game
