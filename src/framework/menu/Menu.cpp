@@ -130,7 +130,6 @@ bool Menu::Navigate(eMenuDirection direction) {
 }
 
 void Menu::Cancel() {
-  m_pPressed = nullptr;
   m_bTracking = false;
   if (m_pSelected && m_pSelected->IsTriggered()) Untrigger();
 }
@@ -145,7 +144,6 @@ void Menu::Select(Button* button) {
 void Menu::Deselect() {
   if (!m_pSelected) return;
   if (m_pSelected->IsEnabled()) m_pSelected->SetState(Button::kActive);
-  if (m_pPressed == m_pSelected) m_pPressed = nullptr;
   m_pSelected = nullptr;
 }
 
@@ -168,7 +166,6 @@ void Menu::Enable(Button* button) {
 void Menu::Disable(Button* button) {
   if (!button) return;
   if (button == m_pSelected) Deselect();
-  if (button == m_pPressed) m_pPressed = nullptr;
   button->Disable();
 }
 
@@ -212,7 +209,7 @@ bool Menu::HandleTouch() {
   if (!m_bTracking) return false;
   if (touch.released) {
     m_bTracking = false;
-    Release(touch.releasePosition);
+    Release();
     return true;
   }
   if (touch.down) {
@@ -223,6 +220,9 @@ bool Menu::HandleTouch() {
   return false;
 }
 
+// A press chooses at once: the button is focused, shows "Trigger" and is activated; the
+// finger lifting only puts the focused button back to "Active". A press on a disabled
+// button only prompts it, and a locked one answers with Invalid instead of a choice.
 void Menu::Press(Button* button) {
   if (!button->IsEnabled()) {
     Prompt(button);
@@ -233,26 +233,21 @@ void Menu::Press(Button* button) {
     Invalid(button);
     return;
   }
-  if (!button->IsTriggered()) Trigger();
-  m_pPressed = button;
+  if (button->IsTriggered()) return;
+  Trigger();
+  Activate();
 }
 
+// A finger dragged onto another button moves the focus there without choosing it.
 void Menu::Drag(const nox::Vector2& point) {
   Button* under = FindButton(point);
-  if (!under || under == m_pSelected || under->IsTriggered() || !under->IsEnabled()) return;
-  // Sliding onto another button moves the focus and gives up the press.
+  if (!m_pSelected || !under || under == m_pSelected || under->IsTriggered() || !under->IsEnabled()) return;
+  Deselect();
   Select(under);
-  m_pPressed = nullptr;
 }
 
-void Menu::Release(const nox::Vector2& point) {
-  Button* pressed = m_pPressed;
-  m_pPressed = nullptr;
-  if (!m_pSelected) return;
-  if (!m_pSelected->IsTriggered()) return;
-  const bool chosen = pressed == m_pSelected && pressed->HitTest(point);
-  Untrigger();
-  if (chosen) Activate();
+void Menu::Release() {
+  if (m_pSelected) Untrigger();
 }
 
 bool Menu::HandlePad() {

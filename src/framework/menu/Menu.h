@@ -1,11 +1,11 @@
 // The widget container of the game: a window holding Buttons, worked by stylus and
 // by the pad.
 //
-// Stylus: a press on a button gives it the focus and presses it ("Trigger"); the
-// choice (Activate) is made when the finger lifts still inside the pressed button.
-// Sliding onto another button moves the focus there and drops the press, and lifting
-// elsewhere drops it too, so a child can change its mind by sliding away. A press on
-// a disabled button only prompts it; on a locked one it gives Invalid.
+// Stylus: a press on a button gives it the focus, presses it ("Trigger") and chooses
+// it (Activate) at once, as a tap on the tablet is expected to; lifting the finger
+// puts it back to "Active". Dragging onto another button moves the focus there
+// without choosing. A press on a disabled button only prompts it; on a locked one it
+// gives Invalid.
 //
 // Pad: each button has six neighbours, one per eMenuDirection; the directions and
 // shoulders move the focus, skipping disabled buttons, and the A button (0x10)
@@ -139,7 +139,7 @@ class Menu : public nox::Window {
   };
   const Entry* FindEntry(const Button* button) const;
   void Press(Button* button);
-  void Release(const nox::Vector2& point);
+  void Release();
   void Drag(const nox::Vector2& point);
   Button* FirstEnabled() const;
 
@@ -151,7 +151,6 @@ class Menu : public nox::Window {
   std::vector<Entry> m_Entries;                 // in the order added
   std::vector<Button*> m_OwnedButtons;          // made by CreateButton
   Button* m_pSelected = nullptr;                // the focus, one of m_Entries
-  Button* m_pPressed = nullptr;                 // pressed by the stylus, until it lifts or slides off
   bool m_bTracking = false;                     // a touch that began on a button is still down
   bool m_bInputLocked = false;
   bool m_bPaused = false;

@@ -1,7 +1,7 @@
 // Menus worked by stylus and pad through the real input, screen and window manager:
-// a choice needs the finger to lift inside the pressed button, sliding away gives it
-// up, the pad walks neighbours past disabled buttons, and a locked or paused menu
-// takes nothing. Buttons are sprites written into a temporary title directory.
+// a press chooses at once, dragging moves the focus without choosing, the pad walks neighbours past disabled
+// buttons, and a locked or paused menu takes nothing. Buttons are sprites written into a temporary title
+// directory.
 #include <gtest/gtest.h>
 
 #include "MenuTestSupport.h"
@@ -65,23 +65,26 @@ class MenuTest : public menutest::WidgetTest {
   RowMenu* m_pMenu = nullptr;
 };
 
-TEST_F(MenuTest, ATouchThatBeginsAndEndsInsideAButtonChoosesItOnce) {
+TEST_F(MenuTest, APressChoosesTheButtonAtOnceAndLiftingLeavesIt) {
   Touch(true, 105, 110);
   Frame();
   EXPECT_EQ(m_pMenu->GetSelected(), B(1));
-  EXPECT_TRUE(B(1)->IsTriggered());
-  EXPECT_EQ(m_pMenu->m_Activations, 0);  // not yet: the finger is still down
+  EXPECT_EQ(m_pMenu->m_Activations, 1);
+  EXPECT_EQ(m_pMenu->m_LastChosen, 2);
+  EXPECT_EQ(B(1)->GetState(), Button::kActivate);
   Frame();
-  Frame();
-  Touch(true, 130, 125);  // moving about inside changes nothing
+  Touch(true, 130, 125);  // moving about inside chooses nothing more
   Frame();
   Touch(false, 130, 125);
   Frame();
   EXPECT_EQ(m_pMenu->m_Activations, 1);
-  EXPECT_EQ(m_pMenu->m_LastChosen, 2);
-  EXPECT_EQ(B(1)->GetState(), Button::kActivate);
+  EXPECT_EQ(B(1)->GetState(), Button::kActive);
   for (int i = 0; i < 5; ++i) Frame();
   EXPECT_EQ(m_pMenu->m_Activations, 1);
+
+  // A second tap is a second choice.
+  Stroke(110, 110, 110, 110);
+  EXPECT_EQ(m_pMenu->m_Activations, 2);
 
   // A touch on nothing leaves the menu alone and is not taken.
   Touch(true, 300, 20);
@@ -90,33 +93,21 @@ TEST_F(MenuTest, ATouchThatBeginsAndEndsInsideAButtonChoosesItOnce) {
   EXPECT_FALSE(m_pMenu->HandleInput());
   Touch(false, 300, 20);
   Frame();
-  EXPECT_EQ(m_pMenu->m_Activations, 1);
+  EXPECT_EQ(m_pMenu->m_Activations, 2);
 }
 
-TEST_F(MenuTest, SlidingOffThePressedButtonGivesTheChoiceUp) {
-  // Onto the next button: the focus follows, nothing is chosen.
+TEST_F(MenuTest, DraggingOntoAnotherButtonMovesTheFocusWithoutChoosingIt) {
   Stroke(30, 110, 110, 110);
-  EXPECT_EQ(m_pMenu->m_Activations, 0);
-  EXPECT_EQ(m_pMenu->GetSelected(), B(1));
-  EXPECT_FALSE(B(0)->IsTriggered());
-  EXPECT_EQ(B(0)->GetState(), Button::kActive);
-
-  // Onto empty screen: the press is dropped when the finger lifts there.
-  Stroke(30, 110, 300, 200);
-  EXPECT_EQ(m_pMenu->m_Activations, 0);
-  EXPECT_FALSE(B(0)->IsTriggered());
-
-  // Off and back on before lifting still chooses.
-  Touch(true, 30, 110);
-  Frame();
-  Touch(true, 300, 200);
-  Frame();
-  Touch(true, 35, 115);
-  Frame();
-  Touch(false, 35, 115);
-  Frame();
   EXPECT_EQ(m_pMenu->m_Activations, 1);
   EXPECT_EQ(m_pMenu->m_LastChosen, 1);
+  EXPECT_EQ(m_pMenu->GetSelected(), B(1));
+  EXPECT_EQ(B(0)->GetState(), Button::kActive);
+  EXPECT_EQ(B(1)->GetState(), Button::kActive);  // lifted: back to active
+
+  // Dragging onto empty screen keeps the focus where it was.
+  Stroke(190, 110, 300, 200);
+  EXPECT_EQ(m_pMenu->m_Activations, 2);
+  EXPECT_EQ(m_pMenu->GetSelected(), B(2));
 }
 
 TEST_F(MenuTest, APressOnADisabledButtonOnlyPromptsIt) {
