@@ -63,7 +63,6 @@ bool GameSceneManager::CreateScene(unsigned long id) {
   }
   m_FailedSceneId = 0;
   if (id < kSceneIdCount) m_bFirstVisit[id] = false;
-  nox::AutomationPrintf("Scene %u %s", static_cast<unsigned>(id), GetSceneData().name);
   EnterScene();
   return true;
 }

@@ -14,6 +14,7 @@
 #include "graphics/WindowManager.h"
 #include "input/Input.h"
 #include "learning/BadgeManager.h"
+#include "menu/DebugSettingsScene.h"
 #include "menu/ScreenTransition.h"
 #include "ostra/System.h"
 #include "scenes/SceneManager.h"
@@ -195,7 +196,18 @@ void Title::Leave() {
   nox::PathRegistry::Destroy();
 }
 
-void Title::ShowSettingsScene() {}
+// Sends the running scene to the settings scene through its Quit column. Only the
+// scene manager's copy of the row changes, never the table, so the settings scene's
+// way back returns to the scene that was running.
+void Title::ShowSettingsScene() {
+  noxfw::SceneManager* manager = noxfw::SceneManager::sm_pInstance;
+  if (!manager) return;
+  noxfw::SceneData data = manager->GetSceneData();
+  if (data.id == DebugSettingsScene::kSceneId) return;
+  data.next[noxfw::ExitReason::Quit] = DebugSettingsScene::kSceneId;
+  manager->SetSceneData(data);
+  manager->DoneScene(noxfw::ExitReason::Quit);
+}
 
 void Title::PrintStatistics() {
   if (!nox::Settings::s_pSettings->GetBoolValue("Print FPS")) return;

@@ -5,6 +5,7 @@
 #include "core/Debug.h"
 #include "graphics/Window.h"
 #include "graphics/WindowManager.h"
+#include "menu/DebugSettingsScene.h"
 #include "scenes/Scene.h"
 #include "sequencer/ClassFuncSeqItem.h"
 #include "sequencer/FaderSeqItem.h"
@@ -80,9 +81,12 @@ bool SceneManager::CreateCurrScene() {
 }
 
 bool SceneManager::CreateScene(unsigned long id) {
-  // Ids 3 to 8 are the framework's debug and test scenes; none is built in this
-  // program, so their ids wait under a covered screen like any unknown id.
-  return false;
+  // Ids 3 to 8 are the framework's debug and test scenes; of those only the settings
+  // scene is built, the test scenes' ids wait under a covered screen like unknown ids.
+  if (id != DebugSettingsScene::kSceneId) return false;
+  SetScene(new DebugSettingsScene());
+  EnterScene();
+  return true;
 }
 
 void SceneManager::SetScene(nox::Scene* scene) {
@@ -155,6 +159,8 @@ void SceneManager::DestroyScene() {
 
 void SceneManager::EnterScene() {
   if (!m_pScene) return;
+  // Every scene that comes to be is named once in the automation log.
+  nox::AutomationPrintf("Scene %u %s", static_cast<unsigned>(GetSceneId()), GetSceneData().name);
   nox::Window* view = m_pScene->GetView(0);
   if (view && nox::WindowManager::Get()) nox::WindowManager::Get()->OpenWindow(view, false);
   m_pScene->Enter();
