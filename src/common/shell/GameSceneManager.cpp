@@ -50,6 +50,7 @@ GameSceneManager::GameSceneManager() {
   AddRows(GameSceneData::StoryMode, GameSceneData::kStoryCount);
   for (const SceneData& row : GameSceneData::GameData) m_MusicTable[row.id] = &row;
   for (bool& first : m_bFirstVisit) first = true;
+  CreateSoftButtons();
 }
 
 GameSceneManager::~GameSceneManager() {
@@ -59,6 +60,7 @@ GameSceneManager::~GameSceneManager() {
   DestroyScene();
   nox::WindowManager* windows = nox::WindowManager::Get();
   if (windows && m_RewardPopUp.GetWindowState() != nox::Window::kClosed) windows->CloseWindow(&m_RewardPopUp);
+  DestroySoftButtons();
 }
 
 void GameSceneManager::Update(unsigned long ms) {
@@ -202,6 +204,7 @@ void GameSceneManager::ResumeScene() {
   } else {
     noxfw::SceneManager::ResumeScene();
   }
+  ActivateSoftButtons();
 }
 
 void GameSceneManager::DestroyScene() {

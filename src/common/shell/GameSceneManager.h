@@ -9,9 +9,12 @@
 // sound manager and before the save game; the save game, settings, badges and logger
 // are asked only when they exist.
 //
+// Owns the soft Home and Hint buttons too (none on a 320 by 240 screen): they are
+// opened once, above the scenes, and each scene built chooses which of them show.
+//
 // Parts of the game that are not in this program yet (quests, the journal, the exit
-// pop-up, the soft buttons, the input reminder) are reached through the small hooks
-// marked "Hook" below, which give the neutral answer.
+// pop-up, the input reminder) are reached through the small hooks marked "Hook"
+// below, which give the neutral answer.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -27,6 +30,7 @@ class Window;
 
 namespace game {
 
+class DappletSoftButtons;
 class GameSaveGame;
 
 class GameSceneManager : public noxfw::SceneManager {
@@ -98,17 +102,21 @@ class GameSceneManager : public noxfw::SceneManager {
 
   // Hook: the exit pop-up. Without it no prompt opens and the answer is false.
   bool ExitPrompt();
-  // Hook: the tablet's soft Home and Hint buttons. None exist: never touched.
-  bool GetHomeButtonTouched() const { return false; }
-  bool GetHintButtonTouched() const { return false; }
-  void TriggerHomeButton() {}
-  void TriggerHintButton() {}
-  void SetSoftUIVisibility(bool visible) {}
-  void LockSoftUI() { m_bSoftUILocked = true; }
-  void UnlockSoftUI() { m_bSoftUILocked = false; }
+  // The soft Home and Hint buttons; without them nothing is touched and nothing
+  // happens. A touch is marked from the frame's input until its update.
+  bool GetHomeButtonTouched() const;
+  bool GetHintButtonTouched() const;
+  void TriggerHomeButton();
+  void TriggerHintButton();
+  // Shows or hides both buttons; the next scene built chooses again.
+  void SetSoftUIVisibility(bool visible);
+  // Locked buttons take no touches.
+  void LockSoftUI();
+  void UnlockSoftUI();
   bool IsSoftUILocked() const { return m_bSoftUILocked; }
-  void HighlightHintButton() {}
-  void UnHighlightHintButton() {}
+  void HighlightHintButton();
+  void UnHighlightHintButton();
+  DappletSoftButtons* GetSoftButtons() const { return m_pSoftButtons; }
   // Hook: the invalid-input reminder window.
   void PlayStylusInputReminderIfNecessary() {}
   // Hooks: the quest system. Quest ids are (zone - 1) * 4 + quest.
@@ -128,7 +136,13 @@ class GameSceneManager : public noxfw::SceneManager {
   // Builds the scene or menu of that id (PlayAgain menus come as 32); false if the
   // game has no such scene.
   bool BuildScene(unsigned long id, bool first);
-  void SetupSoftButtons(unsigned long id) {}
+  // The soft buttons, opened above every scene; none on a 320 by 240 screen.
+  void CreateSoftButtons();
+  void DestroySoftButtons();
+  // Which soft buttons the scene of that id shows.
+  void SetupSoftButtons(unsigned long id);
+  // The buttons back to rest and taking touches, as a scene starts or resumes.
+  void ActivateSoftButtons();
   void PrepareMainMenuNews();
   void LogActivityEnter(unsigned long id);
   void LogActivityLeave(unsigned long id, eExitReason reason);
@@ -157,6 +171,7 @@ class GameSceneManager : public noxfw::SceneManager {
   nox::Window* m_pMenu = nullptr;  // owned; null for scenes that are no menu
   GameMode m_GameMode = Story;
   GameRewardPopUp m_RewardPopUp;
+  DappletSoftButtons* m_pSoftButtons = nullptr;  // owned; null on a 320 by 240 screen
   noxfw::Sequencer m_Sequencer2;
   uint32_t m_BadgeCount = 0;
   bool m_bFirstVisit[kSceneIdCount];  // true until the id has been entered in this run

@@ -63,6 +63,7 @@ bool GameSceneManager::CreateScene(unsigned long id) {
   }
   m_FailedSceneId = 0;
   if (id < kSceneIdCount) m_bFirstVisit[id] = false;
+  ActivateSoftButtons();
   EnterScene();
   return true;
 }

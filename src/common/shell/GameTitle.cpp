@@ -3,12 +3,16 @@
 #include "core/GameHost.h"
 #include "core/Settings.h"
 #include "graphics/TileAnimation.h"
+#include "input/Controller.h"
+#include "input/Input.h"
 #include "learning/Logger.h"
 #include "ostra/MetaInfo.h"
 #include "ostra/SystemData.h"
 #include "save/GameSaveGame.h"
 #include "shell/GameSceneManager.h"
 #include "sound/GameSoundManager.h"
+#include "sound/SoundManager.h"
+#include "sound/StreamingSound.h"
 
 namespace game {
 
@@ -51,11 +55,57 @@ void GameTitle::LogTitleStart() {
   noxfw::Logger::LogEnter("Title", data);
 }
 
+namespace {
+
+const uint32_t kHomeBit = 0x100;
+
+// The scenes where Home asks whether to leave: the adventure and its journal, the
+// activities, their intros and the zones' cut-scenes.
+bool AsksBeforeHome(unsigned long id) {
+  return (id >= kSceneAdventure && id <= kSceneActivity4) || id == 20 || id == 22 || id == 24 || id == 26 ||
+         (id >= kSceneZone1Intro && id <= kSceneZone5Outro);
+}
+
+// The menus that the soft Home button simply leaves.
+bool SoftHomeGoesBack(unsigned long id) {
+  return id == kSceneActivityPicker || id == kSceneBadgeMenu || id == kSceneMicromodMenu ||
+         id == kSceneZonePicker || id == kSceneMusicPlayer;
+}
+
+void PlayStockSound(const char* name, uint32_t category) {
+  nox::SoundManager* sound = nox::SoundManager::sm_pInstance;
+  if (!sound) return;
+  nox::StreamingSound effect;
+  effect.Load(name);
+  sound->Play(&effect, category, true);
+}
+
+}  // namespace
+
 void GameTitle::HandleInput() {
   noxfw::Title::HandleInput();
   // Home means nothing while a scene change runs.
   GameSceneManager* scenes = GameSceneManager::Get();
   if (!scenes || scenes->IsChangingScene()) return;
+  // The soft button's mark is read here, before this frame's update clears it.
+  const bool softHome = scenes->GetHomeButtonTouched();
+  nox::Controller* pad = nox::Input::s_pInput ? nox::Input::s_pInput->GetController(0) : nullptr;
+  const bool home = softHome || (pad && pad->GetTriggeredButtons(kHomeBit));
+  const unsigned long id = scenes->GetSceneId();
+  if (home && AsksBeforeHome(id) && !m_bExitPopUpOpen) {
+    scenes->TriggerHomeButton();
+    if (scenes->ExitPrompt()) PlayStockSound("h_OSTM_HomeSfx_6", 11);
+  }
+  if (home && id == kSceneMainMenu) {
+    scenes->TriggerHomeButton();
+    m_bExitFromMainMenu = true;
+    if (scenes->ExitPrompt()) PlayStockSound("h_OSTM_HomeSfx_6", 7);
+  }
+  if (softHome && SoftHomeGoesBack(id)) {
+    scenes->TriggerHomeButton();
+    PlayStockSound("h_OSTM_BackSfx_6", 11);
+    scenes->DoneScene(noxfw::ExitReason::Back);
+  }
 }
 
 void GameTitle::Update() {
