@@ -3,6 +3,7 @@
 #include "graphics/ScreenManager.h"
 #include "graphics/WindowManager.h"
 #include "menu/Button.h"
+#include "menu/ScreenTransition.h"
 #include "shell/DappletSoftButtons.h"
 #include "shell/GameSceneManager.h"
 
@@ -26,7 +27,16 @@ void GameSceneManager::CreateSoftButtons() {
   m_pSoftButtons->SetButtonsVisible(false);
   // An overlay opened before any scene: every scene's window lies below it, so the
   // buttons draw over the scene and see the stylus first.
-  if (nox::WindowManager* windows = nox::WindowManager::Get()) windows->OpenWindow(m_pSoftButtons, true);
+  nox::WindowManager* windows = nox::WindowManager::Get();
+  if (!windows) return;
+  windows->OpenWindow(m_pSoftButtons, true);
+  // The screen transition goes back to the end of the overlays, so that a fade covers
+  // the buttons too; it takes no input, so the buttons still see the stylus first.
+  noxfw::ScreenTransition* fade = noxfw::ScreenTransition::sm_pInstance;
+  if (fade && fade->GetWindowState() != nox::Window::kClosed) {
+    windows->CloseWindow(fade);
+    windows->OpenWindow(fade, true);
+  }
 }
 
 void GameSceneManager::DestroySoftButtons() {
