@@ -2,13 +2,13 @@
 // level file (the most an arena holds), each a moving entity with a little work in its
 // Update, as the game's characters and volumes have. A second case also moves one
 // agent out of the arena and back each frame, through the queues. Allocations are
-// counted by replacing the global operator new in this file; a steady update should
+// counted with the host's counter (malloc and operator new); a steady update should
 // make none.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
+#include "AllocCounter.h"
+
 #include <cstdlib>
-#include <new>
 #include <sstream>
 #include <string>
 
@@ -23,33 +23,15 @@
 
 namespace {
 
-std::atomic<uint64_t> g_Allocations{0};
+// Heap allocations made so far on this thread, through the host's counter; -1 where
+// it is not available (sanitizer builds keep their own allocator).
+double Allocations() {
+  if (!appmanager::AllocCounter::IsAvailable()) return -1;
+  appmanager::AllocCounter::CountThisThread();
+  return static_cast<double>(appmanager::AllocCounter::Count());
+}
 
 }  // namespace
-
-// GCC takes the frees below for a mismatch with the replaced operator new.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-void* operator new(std::size_t size) {
-  g_Allocations.fetch_add(1, std::memory_order_relaxed);
-  if (void* p = std::malloc(size ? size : 1)) return p;
-  throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) {
-  return operator new(size);
-}
-void operator delete(void* p) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, std::size_t) noexcept {
-  std::free(p);
-}
 
 namespace {
 
@@ -120,17 +102,17 @@ struct Scene {
   ~Scene() { engine.RemoveAgent(arena); }
 };
 
-void Report(benchmark::State& state, uint64_t allocationsBefore) {
+void Report(benchmark::State& state, double allocationsBefore) {
   const double updates = static_cast<double>(state.iterations());
   state.counters["allocs_per_update"] =
-      static_cast<double>(g_Allocations.load() - allocationsBefore) / updates;
+      allocationsBefore < 0 ? -1 : (Allocations() - allocationsBefore) / updates;
   state.counters["agents"] = kAgents;
 }
 
 void BM_AgentEngineUpdate(benchmark::State& state) {
   Scene scene;
   if (scene.arena->GetAgentCount() != kAgents) state.SkipWithError("the arena did not load");
-  const uint64_t allocations = g_Allocations.load();
+  const double allocations = Allocations();
   for (auto _ : state) scene.engine.Update(16);
   Report(state, allocations);
 }
@@ -161,7 +143,7 @@ void BM_AgentEngineUpdateWithRequeue(benchmark::State& state) {
   scene.arena->DestroyAgent(replaced);
   scene.arena->AddExternalAgent(new Juggler(scene.pool, *scene.arena, ball));
   scene.engine.Update(16);
-  const uint64_t allocations = g_Allocations.load();
+  const double allocations = Allocations();
   for (auto _ : state) scene.engine.Update(16);
   Report(state, allocations);
 }

@@ -2,14 +2,14 @@
 // scene's engine is sized. Static ground, walls and platforms; characters that walk
 // and fall, each a body box with two hit boxes that follow its sprite through a
 // collision rig; pickups and triggers that only notice. The scene is settled before
-// timing. Allocations are counted by replacing the global operator new in this file;
+// timing. Allocations are counted with the host's counter (malloc and operator new);
 // a steady step should make none.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
+#include "AllocCounter.h"
+
 #include <cstdlib>
 #include <memory>
-#include <new>
 #include <vector>
 
 #include "core/HashString.h"
@@ -23,33 +23,15 @@
 
 namespace {
 
-std::atomic<uint64_t> g_Allocations{0};
+// Heap allocations made so far on this thread, through the host's counter; -1 where
+// it is not available (sanitizer builds keep their own allocator).
+double Allocations() {
+  if (!appmanager::AllocCounter::IsAvailable()) return -1;
+  appmanager::AllocCounter::CountThisThread();
+  return static_cast<double>(appmanager::AllocCounter::Count());
+}
 
 }  // namespace
-
-// GCC takes the frees below for a mismatch with the replaced operator new.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-void* operator new(std::size_t size) {
-  g_Allocations.fetch_add(1, std::memory_order_relaxed);
-  if (void* p = std::malloc(size ? size : 1)) return p;
-  throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) {
-  return operator new(size);
-}
-void operator delete(void* p) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, std::size_t) noexcept {
-  std::free(p);
-}
 
 namespace {
 
@@ -209,10 +191,10 @@ void Settle(ArenaScene& scene) {
   }
 }
 
-void Report(benchmark::State& state, const ArenaScene& scene, uint64_t allocationsBefore,
-            long contactsBefore) {
+void Report(benchmark::State& state, const ArenaScene& scene, double allocationsBefore, long contactsBefore) {
   const double steps = static_cast<double>(state.iterations());
-  state.counters["allocs_per_step"] = static_cast<double>(g_Allocations.load() - allocationsBefore) / steps;
+  state.counters["allocs_per_step"] =
+      allocationsBefore < 0 ? -1 : (Allocations() - allocationsBefore) / steps;
   state.counters["contacts_per_step"] = static_cast<double>(scene.m_Contacts - contactsBefore) / steps;
   state.counters["hulls"] = kHulls;
 }
@@ -221,7 +203,7 @@ void Report(benchmark::State& state, const ArenaScene& scene, uint64_t allocatio
 void BM_ArenaFrame(benchmark::State& state) {
   ArenaScene scene;
   Settle(scene);
-  const uint64_t allocations = g_Allocations.load();
+  const double allocations = Allocations();
   const long contacts = scene.m_Contacts;
   for (auto _ : state) {
     scene.PrePhysics();
@@ -235,7 +217,7 @@ BENCHMARK(BM_ArenaFrame)->Unit(benchmark::kMicrosecond);
 void BM_ArenaStep(benchmark::State& state) {
   ArenaScene scene;
   Settle(scene);
-  const uint64_t allocations = g_Allocations.load();
+  const double allocations = Allocations();
   const long contacts = scene.m_Contacts;
   for (auto _ : state) scene.Step();
   Report(state, scene, allocations, contacts);
