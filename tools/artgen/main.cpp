@@ -38,19 +38,19 @@ int Fail(const std::string& message) {
 // Draws each "Sprite/Sequence/Frame" over the ones before it.
 int Preview(const artgen::ArtSet& set, const std::string& out, const std::vector<std::string>& frames) {
   assetlib::Image canvas;
-  for (const std::string& spec : frames) {
-    const size_t a = spec.find('/'), b = spec.rfind('/');
+  for (const std::string& wanted : frames) {
+    const size_t a = wanted.find('/'), b = wanted.rfind('/');
     const artgen::SpriteRecipe* sprite = nullptr;
     for (const artgen::SpriteRecipe& s : set.sprites) {
-      if (a != std::string::npos && s.name == spec.substr(0, a)) sprite = &s;
+      if (a != std::string::npos && s.name == wanted.substr(0, a)) sprite = &s;
     }
     const artgen::SequenceRecipe* sequence = nullptr;
     for (size_t i = 0; sprite && b > a && i < sprite->sequences.size(); ++i) {
-      if (sprite->sequences[i].name == spec.substr(a + 1, b - a - 1)) sequence = &sprite->sequences[i];
+      if (sprite->sequences[i].name == wanted.substr(a + 1, b - a - 1)) sequence = &sprite->sequences[i];
     }
-    const int frame = b > a ? atoi(spec.c_str() + b + 1) : -1;
+    const int frame = b > a ? atoi(wanted.c_str() + b + 1) : -1;
     if (!sequence || frame < 0 || frame >= sequence->frames)
-      return Fail(spec + ": no such sprite/sequence/frame");
+      return Fail(wanted + ": no such sprite/sequence/frame");
     if (canvas.width == 0)
       canvas = assetlib::Image(static_cast<uint32_t>(sprite->width), static_cast<uint32_t>(sprite->height));
     for (unsigned l = 0; l < sprite->layers.size(); ++l) {

@@ -65,7 +65,8 @@ class RandomExhaustiveList : public RandomExhaustiveBase {
   }
 
   // Rebuilds the order that `seed` gives and continues at `index`, then reseeds the
-  // generator from the clock so the seed leaves no trace in later draws.
+  // generator from the clock, so that draws after a restore do not repeat the order
+  // the stored seed gives.
   void Restore(uint32_t seed, uint32_t index) {
     GameHost::s_pGameHost->SetRandomSeed(seed);
     Shuffle();
