@@ -25,6 +25,10 @@ ActivityScene::ActivityScene(bool physicsOn)
   m_ContextPool.m_pAnimationContext = &m_AnimationContext;
   m_ContextPool.m_pPhysicsContext = &m_PhysicsContext;
   m_ContextPool.m_pScene = this;
+  if (const nox::Screen* screen = nox::ScreenManager::Get()) {
+    const nox::Rectangle& r = screen->GetVirtualRectangle();
+    m_Camera.SetViewSize(r.right - r.left, r.bottom - r.top);
+  }
 }
 
 ActivityScene::~ActivityScene() {
@@ -64,10 +68,14 @@ void ActivityScene::Update(unsigned long dt) {
     PostPhysics();
   }
   UpdateScene(dt);
+  m_Camera.Update(dt);
 }
 
 void ActivityScene::Draw(ActivityView& view) {
+  m_WorldAnimations.SetViewRect(m_Camera.GetScreenBoundaries());
+  view.BeginWorldLayer(m_Camera);
   m_WorldAnimations.Draw();
+  view.EndWorldLayer();
   m_ScreenAnimations.Draw();
 }
 

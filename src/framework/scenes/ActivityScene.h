@@ -7,7 +7,8 @@
 // One frame (Update) runs in a fixed order: the world animations, the screen
 // animations, the agents; then, only while physics is on, the PrePhysics hook, one
 // physics step of 1.0 whatever the frame's length, the PostPhysics hook; then the
-// UpdateScene hook; last the camera. A long frame thus slows the game rather than
+// UpdateScene hook; last the camera. The camera's view is the screen's size; the
+// world layer is drawn through it and culled to what it shows. A long frame thus slows the game rather than
 // changing what happens in it.
 //
 // Input reaches the scene through its view, once a frame: the buttons of controller 0
@@ -27,6 +28,7 @@
 #include "physics/CollisionPoolMap.h"
 #include "physics/PhysicsEngine.h"
 #include "scenes/ActivityView.h"
+#include "scenes/Camera.h"
 #include "scenes/Scene.h"
 
 namespace noxfw {
@@ -89,6 +91,7 @@ class ActivityScene : public nox::Scene {
   nox::CollisionPoolMap& GetCollisionPoolMap() { return m_CollisionPools; }
   nox::PhysicsEngine& GetPhysicsEngine() { return m_PhysicsEngine; }
   nox::AgentEngine& GetAgentEngine() { return m_AgentEngine; }
+  nox::Camera& GetCamera() { return m_Camera; }
   ActivityView& GetActivityView() { return m_View; }
 
  protected:
@@ -131,6 +134,7 @@ class ActivityScene : public nox::Scene {
   nox::AnimationContext m_AnimationContext;
   nox::PhysicsContext m_PhysicsContext;
   nox::ContextPool m_ContextPool;
+  nox::Camera m_Camera;
   ActivityView m_View;
   nox::Window* m_pLoadingAid = nullptr;  // owned until Enter
   bool m_bPhysicsOn;

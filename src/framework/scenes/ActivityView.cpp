@@ -1,6 +1,7 @@
 #include "scenes/ActivityView.h"
 
 #include "scenes/ActivityScene.h"
+#include "scenes/Camera.h"
 
 namespace noxfw {
 
@@ -12,6 +13,15 @@ void ActivityView::Draw() {
 
 bool ActivityView::HandleInput() {
   return m_Scene.HandleInput(*this);
+}
+
+void ActivityView::BeginWorldLayer(const nox::Camera& camera) {
+  PushModelView();
+  camera.Apply();
+}
+
+void ActivityView::EndWorldLayer() {
+  PopModelView();
 }
 
 }  // namespace noxfw

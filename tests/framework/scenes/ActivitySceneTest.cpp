@@ -75,7 +75,10 @@ class ProbeScene : public ActivityScene {
  protected:
   void PrePhysics() override { g_Calls.push_back("pre x=" + std::to_string(m_Body.m_Position.x.ToInt())); }
   void PostPhysics() override { g_Calls.push_back("post x=" + std::to_string(m_Body.m_Position.x.ToInt())); }
-  void UpdateScene(unsigned long dt) override { g_Calls.push_back("scene " + std::to_string(dt)); }
+  void UpdateScene(unsigned long dt) override {
+    g_Calls.push_back("scene " + std::to_string(dt));
+    if (m_bPan) GetCamera().PanToPosition(nox::Vector3(Real(600), Real(136), Real()));
+  }
   void PressedA() override { g_Calls.push_back("A"); }
   void PressedB() override { g_Calls.push_back("B"); }
   void PressedLeftShoulder() override { g_Calls.push_back("LS"); }
@@ -90,6 +93,9 @@ class ProbeScene : public ActivityScene {
   void StylusDown(const nox::Vector2& p) override { g_Calls.push_back("down " + At(p)); }
   void StylusHeld(const nox::Vector2& p) override { g_Calls.push_back("still " + At(p)); }
   void StylusUp(const nox::Vector2& p) override { g_Calls.push_back("up " + At(p)); }
+
+ public:
+  bool m_bPan = false;
 
  private:
   ProbeAnimation m_World;
@@ -150,6 +156,14 @@ TEST_F(ActivitySceneTest, AFrameRunsAnimationsAgentsPhysicsThenTheSceneHookInTha
   ProbeScene scene;
   scene.Update(16);
   EXPECT_EQ(g_Calls, Calls({"world", "screen", "agent 16", "pre x=1", "post x=2", "scene 16"}));
+}
+
+TEST_F(ActivitySceneTest, TheCameraMovesLastSoThatAPanStartedByTheSceneBeginsInTheSameFrame) {
+  ProbeScene scene;
+  const nox::Real start = scene.GetCamera().GetPosition().x;
+  scene.m_bPan = true;
+  scene.Update(16);
+  EXPECT_GT(scene.GetCamera().GetPosition().x, start);
 }
 
 TEST_F(ActivitySceneTest, PhysicsStepsOncePerFrameWhateverTheFrameLasts) {
