@@ -228,7 +228,7 @@ TEST_F(QuestionFlowTest, TheMilestoneIsEarnedOnceWithTheFirstRise) {
   EXPECT_EQ(std::count(reached.begin(), reached.end(), "Archery Level Up"), 1);
   const std::vector<std::string> records = Records();
   EXPECT_EQ(std::count(records.begin(), records.end(), "AchievementEarned"), 1);
-  EXPECT_NE(testfiles::ReadText(CLogFile::Instance()->GetPath()).find("41"), std::string::npos);
+  EXPECT_NE(testfiles::ReadText(CLogFile::Instance()->GetPath()).find("\"id\":41"), std::string::npos);
 }
 
 TEST_F(QuestionFlowTest, TheHarnessFollowsTheFlowInTheAutomationLog) {
