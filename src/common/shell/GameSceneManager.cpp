@@ -60,6 +60,7 @@ GameSceneManager::~GameSceneManager() {
   DestroyScene();
   nox::WindowManager* windows = nox::WindowManager::Get();
   if (windows && m_RewardPopUp.GetWindowState() != nox::Window::kClosed) windows->CloseWindow(&m_RewardPopUp);
+  if (windows && IsExitPopUpOpen()) windows->CloseWindow(&m_ExitPopUp);
   DestroySoftButtons();
 }
 
@@ -159,6 +160,9 @@ void GameSceneManager::EnterScene() {
   const unsigned long id = GetSceneId();
   if (IsActivity(id) && id != kSceneActivity1) LogActivityEnter(id);
   noxfw::SceneManager::EnterScene();
+  // A question still up from the scene before goes with it.
+  nox::WindowManager* windows = nox::WindowManager::Get();
+  if (windows && m_ExitPopUp.GetWindowState() == nox::Window::kOpen) windows->CloseWindow(&m_ExitPopUp);
 }
 
 void GameSceneManager::PlayScene() {
@@ -214,8 +218,18 @@ void GameSceneManager::DestroyScene() {
 }
 
 bool GameSceneManager::ExitPrompt() {
-  // No exit pop-up exists in this program: nothing opens.
-  return false;
+  if (IsChangingScene() || IsExitPopUpOpen()) return false;
+  const unsigned long target = GetExitTarget();
+  PauseScene();
+  m_ExitPopUp.ExitPrompt(target);
+  return true;
+}
+
+unsigned long GameSceneManager::GetExitTarget() {
+  const unsigned long id = GetSceneId();
+  if (id == kSceneMainMenu) return GameExitPopUp::kExitTitle;
+  if (m_GameMode == Story && IsActivity(id)) return kSceneAdventure;
+  return GetNextScene(noxfw::ExitReason::Back).id;
 }
 
 bool GameSceneManager::AwardBadge(int index) {

@@ -12,15 +12,18 @@
 // Owns the soft Home and Hint buttons too (none on a 320 by 240 screen): they are
 // opened once, above the scenes, and each scene built chooses which of them show.
 //
-// Parts of the game that are not in this program yet (quests, the journal, the exit
-// pop-up, the input reminder) are reached through the small hooks marked "Hook"
-// below, which give the neutral answer.
+// Holds the exit pop-up too, which Home opens over the paused scene (ExitPrompt).
+//
+// Parts of the game that are not in this program yet (quests, the journal, the input
+// reminder) are reached through the small hooks marked "Hook" below, which give the
+// neutral answer.
 #pragma once
 #include <cstdint>
 #include <map>
 
 #include "scenes/SceneManager.h"
 #include "sequencer/Sequencer.h"
+#include "shell/GameExitPopUp.h"
 #include "shell/GameRewardPopUp.h"
 #include "shell/GameSceneData.h"
 
@@ -100,8 +103,14 @@ class GameSceneManager : public noxfw::SceneManager {
   void AwardAchievement(uint32_t value);
   void ShowLevelUp() { m_RewardPopUp.ShowLevelUp(); }
 
-  // Hook: the exit pop-up. Without it no prompt opens and the answer is false.
+  // Pauses the scene and asks whether to leave it for GetExitTarget(). False, and
+  // nothing happens, while a scene change runs or the question is up already.
   bool ExitPrompt();
+  // Where Yes leads: 1 (the title ends) in the main menu, the adventure from an
+  // activity of the story, otherwise the scene's way back.
+  unsigned long GetExitTarget();
+  bool IsExitPopUpOpen() const { return m_ExitPopUp.GetWindowState() != nox::Window::kClosed; }
+  GameExitPopUp& GetExitPopUp() { return m_ExitPopUp; }
   // The soft Home and Hint buttons; without them nothing is touched and nothing
   // happens. A touch is marked from the frame's input until its update.
   bool GetHomeButtonTouched() const;
@@ -171,6 +180,7 @@ class GameSceneManager : public noxfw::SceneManager {
   nox::Window* m_pMenu = nullptr;  // owned; null for scenes that are no menu
   GameMode m_GameMode = Story;
   GameRewardPopUp m_RewardPopUp;
+  GameExitPopUp m_ExitPopUp;
   DappletSoftButtons* m_pSoftButtons = nullptr;  // owned; null on a 320 by 240 screen
   noxfw::Sequencer m_Sequencer2;
   uint32_t m_BadgeCount = 0;

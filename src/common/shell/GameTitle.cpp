@@ -86,7 +86,10 @@ void GameTitle::HandleInput() {
   noxfw::Title::HandleInput();
   // Home means nothing while a scene change runs.
   GameSceneManager* scenes = GameSceneManager::Get();
-  if (!scenes || scenes->IsChangingScene()) return;
+  if (!scenes) return;
+  // An answer to the exit pop-up may have closed it in the windows' input just now.
+  m_bExitPopUpOpen = scenes->IsExitPopUpOpen();
+  if (scenes->IsChangingScene()) return;
   // The soft button's mark is read here, before this frame's update clears it.
   const bool softHome = scenes->GetHomeButtonTouched();
   nox::Controller* pad = nox::Input::s_pInput ? nox::Input::s_pInput->GetController(0) : nullptr;
@@ -101,6 +104,7 @@ void GameTitle::HandleInput() {
     m_bExitFromMainMenu = true;
     if (scenes->ExitPrompt()) PlayStockSound("h_OSTM_HomeSfx_6", 7);
   }
+  m_bExitPopUpOpen = scenes->IsExitPopUpOpen();
   if (softHome && SoftHomeGoesBack(id)) {
     scenes->TriggerHomeButton();
     PlayStockSound("h_OSTM_BackSfx_6", 11);
@@ -110,6 +114,8 @@ void GameTitle::HandleInput() {
 
 void GameTitle::Update() {
   noxfw::Title::Update();
+  // A yes to the pop-up closes it from its own script, in the windows' update.
+  if (GameSceneManager* scenes = GameSceneManager::Get()) m_bExitPopUpOpen = scenes->IsExitPopUpOpen();
 }
 
 void GameTitle::Draw() {

@@ -21,7 +21,8 @@ class GameTitle : public noxfw::Title {
   void Suspend();
   void Resume();
   bool IsSuspended() const { return m_bSuspended; }
-  // True while the exit pop-up is open: it has paused the scene itself.
+  // True while the exit pop-up is open: it has paused the scene itself. Read from the
+  // scene manager's pop-up after each frame's input and update.
   bool IsExitPopUpOpen() const { return m_bExitPopUpOpen; }
   void SetExitPopUpOpen(bool open) { m_bExitPopUpOpen = open; }
 
