@@ -54,7 +54,7 @@ void ActivityScene::Enter() {
 }
 
 nox::Window* ActivityScene::GetView(unsigned long index) const {
-  return index == 0 ? const_cast<ActivityView*>(&m_View) : nullptr;
+  return index == 0 ? m_pView : nullptr;
 }
 
 void ActivityScene::Update(unsigned long dt) {

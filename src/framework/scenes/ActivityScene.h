@@ -92,7 +92,8 @@ class ActivityScene : public nox::Scene {
   nox::PhysicsEngine& GetPhysicsEngine() { return m_PhysicsEngine; }
   nox::AgentEngine& GetAgentEngine() { return m_AgentEngine; }
   nox::Camera& GetCamera() { return m_Camera; }
-  ActivityView& GetActivityView() { return m_View; }
+  // The view that GetView(0) answers: the scene's own, or the one a subclass set.
+  ActivityView& GetActivityView() { return *m_pView; }
 
  protected:
   // Frame hooks, empty here.
@@ -119,6 +120,8 @@ class ActivityScene : public nox::Scene {
   // Something shown while the scene is built (a picture over a slow level load);
   // owned from here on and deleted, closed first if open, by Enter.
   void SetLoadingAid(nox::Window* aid);
+  // A subclass with a view of its own (borrowed; it must live as long as the scene).
+  void SetView(ActivityView* view) { m_pView = view ? view : &m_View; }
 
  private:
   bool HandleButtons();
@@ -136,6 +139,7 @@ class ActivityScene : public nox::Scene {
   nox::ContextPool m_ContextPool;
   nox::Camera m_Camera;
   ActivityView m_View;
+  ActivityView* m_pView = &m_View;
   nox::Window* m_pLoadingAid = nullptr;  // owned until Enter
   bool m_bPhysicsOn;
   bool m_bDPadLocked = false;
