@@ -14,13 +14,14 @@
 //
 // Holds the exit pop-up too, which Home opens over the paused scene (ExitPrompt).
 //
-// Parts of the game that are not in this program yet (quests, the journal, the input
-// reminder) are reached through the small hooks marked "Hook" below, which give the
-// neutral answer.
+// Parts of the game that are not in this program yet (quests, the journal) are
+// reached through the small hooks marked "Hook" below, which give the neutral answer.
 #pragma once
 #include <cstdint>
 #include <map>
+#include <memory>
 
+#include "activity/shared/ActivityInvalidInputWindow.h"
 #include "scenes/SceneManager.h"
 #include "sequencer/Sequencer.h"
 #include "shell/GameExitPopUp.h"
@@ -126,8 +127,17 @@ class GameSceneManager : public noxfw::SceneManager {
   void HighlightHintButton();
   void UnHighlightHintButton();
   DappletSoftButtons* GetSoftButtons() const { return m_pSoftButtons; }
-  // Hook: the invalid-input reminder window.
-  void PlayStylusInputReminderIfNecessary() {}
+  // The invalid-input reminder (GameSceneManagerReminder.cpp). Unless it is open
+  // already: pauses the scene, opens the reminder above everything and tells it that
+  // the d-pad was used where only touches count. Made at its first use.
+  void PlayStylusInputReminderIfNecessary();
+  // The same for touches where only the buttons count.
+  void PlayDPadInputReminderIfNecessary();
+  bool IsInputReminderOpen() const;
+  // The reminder has closed: the scene it paused goes on, unless the exit pop-up
+  // holds it.
+  void InputReminderClosed();
+  ActivityInvalidInputWindow* GetInputReminder() const { return m_pInputReminder.get(); }
   // Hooks: the quest system. Quest ids are (zone - 1) * 4 + quest.
   void PickQuest(unsigned long questId) {}
   void ClearQuestsInZone(int zone) {}
@@ -157,6 +167,8 @@ class GameSceneManager : public noxfw::SceneManager {
   void LogActivityLeave(unsigned long id, eExitReason reason);
   // The steps of a change wait for the reward pop-up to go quiet.
   bool IsRewardPopUpQuiet() const { return !m_RewardPopUp.IsNotificationShowing(); }
+  // Opens the reminder over the paused scene and starts the reminder of that kind.
+  void OpenInputReminder(void (ActivityInvalidInputWindow::*remind)());
 
   // The story rules of GetNextScene, by the scene that ends.
   unsigned long NextFromMainMenu(unsigned long tableId);
@@ -191,6 +203,8 @@ class GameSceneManager : public noxfw::SceneManager {
   bool m_bSoftUILocked = false;
   unsigned long m_FailedSceneId = 0;  // the id whose build failed, logged once
   MainMenuNews m_MainMenuNews;
+  std::unique_ptr<ActivityInvalidInputWindow> m_pInputReminder;  // made at first use
+  bool m_bReminderPausedScene = false;  // the reminder paused the scene and resumes it
 };
 
 }  // namespace game
