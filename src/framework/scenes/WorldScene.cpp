@@ -102,8 +102,12 @@ void WorldScene::LoadLevel(const std::string& fileName) {
   PreLoadAssets();
 }
 
-void WorldScene::UnloadLevel() {
+void WorldScene::Leave() {
+  ActivityScene::Leave();
   Unload();
+}
+
+void WorldScene::UnloadLevel() {
   nox::AgentEngine& engine = GetAgentEngine();
   if (Arena* global = m_Level.GetGlobalArena()) engine.RemoveAgent(global);
   for (long i = 0; i < static_cast<long>(m_Level.GetArenaCount()); ++i) {

@@ -66,12 +66,17 @@ class WorldScene : public ActivityScene, public nox::EventSource<WorldScene> {
 
   // The frame of the activity scene, then the level's watch and UpdateViewLogic.
   void Update(unsigned long dt) override;
+  // Calls Unload, while the level is still there.
+  void Leave() override;
 
+  using ActivityScene::Draw;
+  using ActivityScene::HandleInput;
   // Backgrounds, then the activity scene's layers.
   virtual void Draw(WorldSceneView& view);
   // Called once the level and the first arenas are in, for the subclass.
   virtual void FinishLoad() {}
-  // Called as the scene is about to unload, for the subclass.
+  // Called by Leave, as the scene is about to go, with the level still loaded; for
+  // the subclass.
   virtual void Unload() {}
   // Called by LoadLevel once the file is read, for sprites and sounds to load early.
   virtual void PreLoadAssets() {}

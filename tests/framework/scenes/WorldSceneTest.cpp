@@ -48,12 +48,14 @@ class TestWorldScene : public WorldScene, public nox::EventListener<WorldScene> 
     GetFactoryManager().Register(new noxfw::SpawnPointFactory());
     GetFactoryManager().Register(new StandInFactory("AdventureCharacter"));
   }
+  void Unload() override { arenasAtUnload = static_cast<long>(GetLevel().GetArenaCount()); }
   void ArenaTransitionOccurred() override { transitions.push_back(GetCurrentArenaIndex()); }
   void OnEventOccurred(WorldScene* source, const nox::EventData* data) override {
     events.push_back(data->m_Param);
   }
 
   int factoryRegistrations = 0;
+  long arenasAtUnload = -1;
   std::vector<long> transitions;
   std::vector<uint32_t> events;
 };
@@ -183,6 +185,10 @@ TEST_F(WorldSceneTest, ArenasChangeAfterTheFrameAndTheOneLeftBehindIsUnloaded) {
   EXPECT_EQ(scene.GetNextArena(), nullptr);
   EXPECT_FALSE(scene.GotoNextArena());
   EXPECT_EQ(scene.FindArenaIndex(nullptr), -1);
+
+  // Leaving tells the subclass while the level is still there.
+  scene.Leave();
+  EXPECT_EQ(scene.arenasAtUnload, 3);
 }
 
 TEST_F(WorldSceneTest, ALevelThatIsNotThereLeavesNoArenasAndSaysSoOnce) {
