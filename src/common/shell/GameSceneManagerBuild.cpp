@@ -10,6 +10,7 @@
 #include "save/GameSaveGame.h"
 #include "scenes/Scene.h"
 #include "scenes/SimpleScene.h"
+#include "shell/ActivityPicker.h"
 #include "shell/GameNisScene.h"
 #include "shell/GameSceneManager.h"
 #include "shell/MainMenu.h"
@@ -108,6 +109,9 @@ bool GameSceneManager::BuildScene(unsigned long id, bool first) {
     case kSceneMainMenu:
       m_pMenu = new MainMenu(first, m_MainMenuNews.newBadge, m_MainMenuNews.newDownloads,
                              m_MainMenuNews.newDrawing);
+      break;
+    case kSceneActivityPicker:
+      m_pMenu = new ActivityPicker(M2Dialogue::kIntro, M2Dialogue::kRepeat);
       break;
     default:
       break;
