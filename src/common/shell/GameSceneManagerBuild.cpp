@@ -14,6 +14,7 @@
 #include "shell/GameNisScene.h"
 #include "shell/GameSceneManager.h"
 #include "shell/MainMenu.h"
+#include "shell/ZonePicker.h"
 
 namespace game {
 
@@ -112,6 +113,9 @@ bool GameSceneManager::BuildScene(unsigned long id, bool first) {
       break;
     case kSceneActivityPicker:
       m_pMenu = new ActivityPicker(M2Dialogue::kIntro, M2Dialogue::kRepeat);
+      break;
+    case kSceneZonePicker:
+      m_pMenu = new ZonePicker(M6Dialogue::kIntro, M6Dialogue::kRepeat);
       break;
     default:
       break;
