@@ -109,8 +109,9 @@ void GameExitPopUp::PlaceText() {
   nox::TileAnimation* panel = GetBackground();
   if (!m_pText || !panel) return;
   nox::Vector3 at = panel->HasPoint(kTextPoint) ? panel->GetPoint(kTextPoint) : nox::Vector3();
-  // In front of the panel, which draws behind what has the smaller depth.
-  at.z = panel->GetDepth() - nox::Real(1);
+  // The panel's depth: the engine keeps the order of adding among equals, so the text
+  // draws over the panel, and a smaller depth could fall in front of the near plane.
+  at.z = panel->GetDepth();
   m_pText->SetPosition(at);
 }
 

@@ -1,5 +1,6 @@
 #include "shell/GameTitle.h"
 
+#include "core/Debug.h"
 #include "core/GameHost.h"
 #include "core/Settings.h"
 #include "graphics/TileAnimation.h"
@@ -27,7 +28,7 @@ void GameTitle::Enter() {
   GameSaveGame::Create();
   noxfw::Logger::Create();
   GameSaveGame* save = GameSaveGame::s_pSaveGame;
-  save->ReadAllData();
+  LogSaveGame(*save, save->ReadAllData());
   for (int i = 0; i < kBadgeCount; ++i) s_Badges[i].awarded = save->GetData_Badge(i);
   noxfw::BadgeManager::sm_pInstance->SetBadges(s_Badges, kBadgeCount);
   nox::TileAnimation::SetDefaultFramesPerSecond(nox::Real(12));
@@ -37,6 +38,17 @@ void GameTitle::Enter() {
   scenes->SetSceneData(scenes->GetSceneDataFromTable(kSceneMorvaneLogo));
   scenes->CreateCurrScene();
   save->ApplyPlayerGrade(GameSaveGame::GetPlayerGrade());
+}
+
+void GameTitle::LogSaveGame(GameSaveGame& save, bool read) {
+  // What the player brings into this run, in one line for the tests and the curious.
+  unsigned scenes = 0;
+  for (int i = 0; i < kSaveScenes; ++i) scenes += save.GetData_SceneCount(i);
+  unsigned badges = 0;
+  for (int i = 0; i < kBadgeCount; ++i) badges += save.GetData_Badge(i) ? 1 : 0;
+  nox::AutomationPrintf("Save game %s: first activation %d, play time %u s, scenes played %u, badges %u",
+                        read ? "read" : "new", save.GetData_FirstActivation() ? 1 : 0,
+                        static_cast<unsigned>(save.GetData_PlayTime()), scenes, badges);
 }
 
 void GameTitle::LogTitleStart() {

@@ -7,6 +7,8 @@
 
 namespace game {
 
+class GameSaveGame;
+
 class GameTitle : public noxfw::Title {
  public:
   GameTitle();
@@ -33,6 +35,8 @@ class GameTitle : public noxfw::Title {
 
  private:
   void LogTitleStart();
+  // One automation line on the save game just read (or begun anew when `read` is false).
+  void LogSaveGame(GameSaveGame& save, bool read);
 
   bool m_bExitFromMainMenu = false;
   bool m_bSuspended = false;
