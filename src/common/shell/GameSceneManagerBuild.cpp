@@ -14,6 +14,7 @@
 #include "shell/GameNisScene.h"
 #include "shell/GameSceneManager.h"
 #include "shell/MainMenu.h"
+#include "shell/PlayAgain.h"
 #include "shell/ZonePicker.h"
 
 namespace game {
@@ -116,6 +117,9 @@ bool GameSceneManager::BuildScene(unsigned long id, bool first) {
       break;
     case kSceneZonePicker:
       m_pMenu = new ZonePicker(M6Dialogue::kIntro, M6Dialogue::kRepeat);
+      break;
+    case kScenePlayAgain:
+      m_pMenu = new PlayAgain(M5Dialogue::kIntro, M5Dialogue::kRepeat);
       break;
     default:
       break;
