@@ -52,8 +52,6 @@ WorldScene::WorldScene(bool physicsOn)
 WorldScene::~WorldScene() {
   UnloadLevel();
   SetView(nullptr);
-  if (m_bBackLoaded) m_Back.DestroyBuffers();
-  if (m_bFrontLoaded) m_Front.DestroyBuffers();
 }
 
 void WorldScene::Update(unsigned long dt) {

@@ -264,6 +264,31 @@ TEST_F(ActivitySceneTest, LocksSilenceTheirOwnPartAndLockInputSilencesAll) {
   EXPECT_EQ(g_Calls, Calls({"B"}));
 }
 
+class LoadingPicture : public nox::Window {
+ public:
+  ~LoadingPicture() override { g_Calls.push_back("aid deleted"); }
+  void Draw() override {}
+};
+
+class SlowScene : public ProbeScene {
+ public:
+  SlowScene() {
+    LoadingPicture* aid = new LoadingPicture();
+    nox::WindowManager::Get()->OpenWindow(aid, true);
+    SetLoadingAid(aid);
+  }
+};
+
+TEST_F(ActivitySceneTest, EnterClosesAndDeletesTheLoadingAidOnce) {
+  SlowScene scene;
+  EXPECT_EQ(nox::WindowManager::Get()->GetOverlays().size(), 1u);
+  scene.Enter();
+  EXPECT_EQ(g_Calls, Calls({"aid deleted"}));
+  EXPECT_TRUE(nox::WindowManager::Get()->GetOverlays().empty());
+  scene.Enter();
+  EXPECT_EQ(g_Calls.size(), 1u);
+}
+
 TEST_F(ActivitySceneTest, TheContextPoolReachesTheScenesOwnEngines) {
   ProbeScene scene;
   nox::ContextPool* pool = scene.GetContextPool();
