@@ -265,13 +265,23 @@ TEST_F(InputReminderTest, PausingTheSceneEndsTheReminderAndTheSceneStaysPausedUn
 }
 
 TEST_F(InputReminderTest, TheSoftHintButtonIsTheFramesOnlyInputAndButtonsClick) {
-  // The soft buttons lie above the scene and take the touch; their mark lasts until
-  // the frame's update, and the scene reads it first when its input comes.
+  // The soft buttons lie above the scene and keep the touch; the scene reads their
+  // mark in the frame's update, once.
   Touch(true, 450, 20);
   InputOnly();
   ASSERT_TRUE(m_pScenes->GetHintButtonTouched());
+  EXPECT_TRUE(m_pScene->hooks.empty());
+  Step();
+  EXPECT_EQ(m_pScene->hooks, std::vector<std::string>{"Hint"});
+  EXPECT_TRUE(m_pScene->taps.empty());
+  // Where the scene's input does come, the mark is all it takes that frame.
   m_pScene->hooks.clear();
+  Touch(false, 450, 20);
+  Frame();
+  Touch(true, 450, 20);
+  InputOnly();
   m_pScene->HandleInput(m_pScene->GetActivityView());
+  Step();
   EXPECT_EQ(m_pScene->hooks, std::vector<std::string>{"Hint"});
   EXPECT_TRUE(m_pScene->taps.empty());
   Touch(false, 450, 20);

@@ -61,18 +61,28 @@ GameActivityScene::~GameActivityScene() {
 }
 
 void GameActivityScene::Update(unsigned long dt) {
+  // The soft buttons lie above the scene and keep the touch that marks Hint, so the
+  // scene's input may not come in that frame; the mark lasts until the windows'
+  // update, which follows this one.
+  TakeHintButton();
   noxfw::ActivityScene::Update(dt);
   m_Sequencer.Update(dt);
+  m_bHintTaken = false;
+}
+
+bool GameActivityScene::TakeHintButton() {
+  if (m_bHintTaken || IsPaused() || IsInputLocked()) return false;
+  GameSceneManager* scenes = GameSceneManager::Get();
+  if (!scenes || !scenes->GetHintButtonTouched()) return false;
+  m_bHintTaken = true;
+  scenes->TriggerHintButton();
+  PressedHint();
+  return true;
 }
 
 bool GameActivityScene::HandleInput(noxfw::ActivityView& view) {
   if (IsPaused() || IsInputLocked()) return false;
-  GameSceneManager* scenes = GameSceneManager::Get();
-  if (scenes && scenes->GetHintButtonTouched()) {
-    scenes->TriggerHintButton();
-    PressedHint();
-    return true;
-  }
+  if (TakeHintButton()) return true;
   return noxfw::ActivityScene::HandleInput(view);
 }
 

@@ -31,7 +31,8 @@ class GameActivityScene : public noxfw::ActivityScene {
 
   void Update(unsigned long dt) override;
   // A touch of the soft Hint button is the frame's only input; otherwise the
-  // framework's hooks. A paused or locked scene takes none.
+  // framework's hooks. A paused or locked scene takes none. The scene's update reads
+  // the Hint mark too, for the frames in which the soft buttons kept the input.
   bool HandleInput(noxfw::ActivityView& view) override;
   // Closes the invalid-input reminder, then pauses.
   void Pause() override;
@@ -62,6 +63,9 @@ class GameActivityScene : public noxfw::ActivityScene {
   void PressedHint() override;
 
   void PlayClick();
+  // Once a frame: a touch of the soft Hint button becomes PressedHint. True when it
+  // did.
+  bool TakeHintButton();
 
  private:
   nox::TileAnimation* MakePicture(nox::TileAnimData*& data, const char* name);
@@ -73,6 +77,7 @@ class GameActivityScene : public noxfw::ActivityScene {
   nox::TileAnimation* m_pStylus = nullptr;              // owned
   nox::TileAnimation* m_pTrainingOverlay = nullptr;     // owned
   noxfw::Sequencer m_Sequencer;                         // the pictures' scripts
+  bool m_bHintTaken = false;                            // the hint mark was read this frame
 };
 
 }  // namespace game
