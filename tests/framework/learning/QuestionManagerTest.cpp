@@ -283,9 +283,3 @@ TEST_F(QuestionManagerTest, LeavingEndsTheSceneCompleteOnlyAfterSomeRightAnswer)
   // Without a scene manager there is nobody to ask, and nothing happens.
   m_Manager.SetState(QuestionManager::LeavingState);
 }
-
-TEST_F(QuestionManagerTest, StartingATutorialRecordsNothing) {
-  m_Manager.StartTutorial(3, "A1", "Jump");
-  m_Manager.StartTutorial(3, nullptr, nullptr);
-  EXPECT_TRUE(Records().empty());
-}
