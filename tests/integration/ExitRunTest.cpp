@@ -139,10 +139,11 @@ class ExitRun : public ::testing::Test {
 TEST_F(ExitRun, HomeAsksNoGoesBackAndYesEndsTheTitleThroughTheApplicationManager) {
   const std::string dir = MakeTempDir();
   const int m = kMenuFrame;
-  // Pad Home opens the question; No closes it; the soft Home button opens it again;
-  // Yes ends the title.
+  // Pad Home opens the question; the device takes the screen for a while and gives it
+  // back with the question still up; No closes it; the soft Home button opens it
+  // again; Yes ends the title.
   const std::string script =
-      At(m, "down home") + At(m + 2, "up home") +
+      At(m, "down home") + At(m + 2, "up home") + At(m + 20, "suspend") + At(m + 30, "resume") +
       At(m + 60, "tap " + std::to_string(kNoX) + " " + std::to_string(kAnswerY)) +
       At(m + 120, "tap " + std::to_string(kSoftHomeX) + " " + std::to_string(kSoftHomeY)) +
       At(m + 180, "tap " + std::to_string(kYesX) + " " + std::to_string(kAnswerY));
