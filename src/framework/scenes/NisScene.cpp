@@ -59,6 +59,8 @@ void NisScene::Play() {
 }
 
 void NisScene::Update(unsigned long ms) {
+  // A paused cut-scene holds still: under the exit question it must not end itself.
+  if (IsPaused()) return;
   m_Sequencer.Update(ms);
   m_Engine.Update(ms);
 }

@@ -5,6 +5,7 @@
 // SeqComplete.
 //
 // Completing fires the scene's event once; the scene manager takes that as Complete.
+// A paused scene holds still: its script and its animation wait for Resume.
 // A skippable scene is skipped by A, B, a shoulder button or a new touch.
 //
 // The animation is borrowed: the subclass that made it keeps it alive for as long as
