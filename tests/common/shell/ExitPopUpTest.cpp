@@ -11,6 +11,7 @@
 #include "../../framework/menu/MenuTestSupport.h"
 #include "menu/Button.h"
 #include "ostra/AppInterface.h"
+#include "scenes/NisScene.h"
 #include "scenes/Scene.h"
 #include "shell/DappletSoftButtons.h"
 #include "shell/GameExitPopUp.h"
@@ -38,12 +39,17 @@ class ProbeScene : public nox::Scene {
   ProbeView m_View;
 };
 
-// Builds a plain scene wherever the game has none yet.
+// Builds a plain scene wherever the game has none yet, and a bare cut-scene for the
+// first activity's intro.
 class ProbeSceneManager : public GameSceneManager {
  public:
   bool CreateScene(unsigned long id) override {
     if (GameSceneManager::CreateScene(id)) return true;
-    SetScene(new ProbeScene());
+    if (id == 20) {
+      SetScene(new noxfw::NisScene());
+    } else {
+      SetScene(new ProbeScene());
+    }
     EnterScene();
     return true;
   }
@@ -235,6 +241,25 @@ TEST_F(ExitPopUpTest, YesElsewhereLeavesForTheTargetAndADoubleTapAnswersOnce) {
   EXPECT_FALSE(m_pScenes->IsExitPopUpOpen());
   EXPECT_FALSE(CAppManager::Instance()->IsPopRequested());
   EXPECT_EQ(LogCount("Scene 28 MainMenu"), 1);
+}
+
+TEST_F(ExitPopUpTest, AnIntroWaitsUnderTheQuestionAndYesClosesItForTheActivityPicker) {
+  GoTo(20);
+  noxfw::NisScene* intro = nox::TypeCast<noxfw::NisScene>(m_pScenes->GetScene());
+  ASSERT_NE(intro, nullptr);
+  ASSERT_TRUE(m_pScenes->ExitPrompt());
+  EXPECT_STREQ(GameExitPopUp::GetTextSequence(PopUp().GetTarget()), "Activity");
+  // Far longer than the cut-scene: paused, it does not end by itself.
+  Run(200);
+  EXPECT_FALSE(m_pScenes->IsChangingScene());
+  EXPECT_EQ(m_pScenes->GetSceneId(), 20u);
+  TapAt(kYesX, kButtonY);
+  Run(3);
+  // Its script is gone before the fade, so nothing of it plays on or completes it.
+  ASSERT_TRUE(m_pScenes->IsChangingScene());
+  EXPECT_TRUE(intro->GetSequencer().IsEmpty());
+  for (int i = 0; i < 200 && m_pScenes->IsChangingScene(); ++i) Run(1);
+  EXPECT_EQ(m_pScenes->GetSceneId(), 29u);
 }
 
 }  // namespace
