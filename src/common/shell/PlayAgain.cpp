@@ -1,5 +1,7 @@
 #include "shell/PlayAgain.h"
 
+#include <cstring>
+
 #include "input/Input.h"
 #include "menu/Button.h"
 #include "scenes/ExitReason.h"
@@ -21,7 +23,7 @@ const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
 
 bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && std::string(voice) != "NONE";
+  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
 }
 
 }  // namespace
@@ -61,7 +63,8 @@ void PlayAgain::Open() {
 }
 
 void PlayAgain::Update(unsigned long ms) {
-  m_Sequencer.Update(ms);
+  // A paused menu (under the exit pop-up) holds its script with its sounds.
+  if (!IsPaused()) m_Sequencer.Update(ms);
   noxfw::Menu::Update(ms);
   const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
   if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());

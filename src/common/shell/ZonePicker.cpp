@@ -1,6 +1,7 @@
 #include "shell/ZonePicker.h"
 
 #include <cstdio>
+#include <cstring>
 
 #include "core/HashString.h"
 #include "core/Settings.h"
@@ -41,7 +42,7 @@ bool Setting(const char* name) {
 }
 
 bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && std::string(voice) != "NONE";
+  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
 }
 
 }  // namespace
@@ -181,7 +182,8 @@ void ZonePicker::Open() {
 }
 
 void ZonePicker::Update(unsigned long ms) {
-  m_Sequencer.Update(ms);
+  // A paused menu (under the exit pop-up) holds its script with its sounds.
+  if (!IsPaused()) m_Sequencer.Update(ms);
   noxfw::Menu::Update(ms);
   if (!IsPaused()) m_Overlay.Update(ms);
   const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();

@@ -67,7 +67,7 @@ TEST_F(PlayAgainTest, YesIsJumpAndADoubleTapAnswersOnce) {
   Show();
   TapAt(kYesX + 10, kButtonY + 10);
   TapAt(kYesX + 12, kButtonY + 12);
-  TapAt(kNoX + 10, kButtonY + 10);          // too late: the answer is given
+  TapAt(kNoX + 10, kButtonY + 10);  // too late: the answer is given
   EXPECT_EQ(TakeSounds(), Sounds{"h_OSTM_MenuSelectSfx_6"});
   RunScript(Menu()->GetSequencer());
   EXPECT_EQ(m_pScenes->reasons, Reasons{ExitReason::Jump});
@@ -103,6 +103,18 @@ TEST_F(PlayAgainTest, AQuietWhileBringsTheReminderOnce) {
   // While it speaks (here: at once over) the count starts again.
   for (int i = 0; i < frames / 2; ++i) Frame(100);
   EXPECT_TRUE(TakeSounds().empty());
+}
+
+TEST_F(PlayAgainTest, APausedMenuHoldsItsScriptAndTakesNoTouch) {
+  ShowMenu(new PlayAgain());
+  Menu()->Pause();  // as under the exit pop-up
+  for (int i = 0; i < 10; ++i) Frame();
+  EXPECT_FALSE(Menu()->GetSequencer().IsEmpty());
+  TapAt(kYesX + 10, kButtonY + 10);
+  Menu()->Resume();
+  RunScript(Menu()->GetSequencer());
+  EXPECT_TRUE(m_pScenes->reasons.empty());
+  EXPECT_FALSE(Menu()->IsInputLocked());
 }
 
 }  // namespace
