@@ -95,16 +95,6 @@ TEST_F(PlayAgainTest, NoAndThePadsBAreMenuBack) {
   EXPECT_EQ(m_pScenes->reasons, Reasons{ExitReason::Jump});
 }
 
-TEST_F(PlayAgainTest, AQuietWhileBringsTheReminderOnce) {
-  Show();
-  const int frames = static_cast<int>(game::InactivityPrompt::kDelayMs / 100);
-  for (int i = 0; i < frames; ++i) Frame(100);
-  EXPECT_EQ(TakeSounds(), Sounds{"KDNA0013"});
-  // While it speaks (here: at once over) the count starts again.
-  for (int i = 0; i < frames / 2; ++i) Frame(100);
-  EXPECT_TRUE(TakeSounds().empty());
-}
-
 TEST_F(PlayAgainTest, APausedMenuHoldsItsScriptAndTakesNoTouch) {
   ShowMenu(new PlayAgain());
   Menu()->Pause();  // as under the exit pop-up
