@@ -58,6 +58,9 @@ nox::Window* ActivityScene::GetView(unsigned long index) const {
 }
 
 void ActivityScene::Update(unsigned long dt) {
+  // A paused scene holds still under whatever paused it (the exit question, an input
+  // reminder): nothing moves, steps or counts down until it is resumed.
+  if (IsPaused()) return;
   m_WorldAnimations.Update(dt);
   m_ScreenAnimations.Update(dt);
   m_AgentEngine.Update(dt);

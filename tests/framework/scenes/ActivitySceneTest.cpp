@@ -190,6 +190,16 @@ TEST_F(ActivitySceneTest, WithPhysicsOffNeitherHookRunsNorTheWorldSteps) {
   EXPECT_EQ(g_Calls.size(), 4u);
 }
 
+TEST_F(ActivitySceneTest, APausedSceneHoldsStillUntilResumed) {
+  ProbeScene scene;
+  scene.Pause();
+  scene.Update(16);
+  EXPECT_TRUE(g_Calls.empty());
+  scene.Resume();
+  scene.Update(16);
+  EXPECT_EQ(g_Calls, Calls({"world", "screen", "agent 16", "pre x=1", "post x=2", "scene 16"}));
+}
+
 TEST_F(ActivitySceneTest, ButtonsAndTheDpadReachTheirHooks) {
   ProbeScene scene(false);
   g_Buttons = 0x10 | 0x20 | 0x40 | 0x80 | 0x100 | 0x200 | 0x400;

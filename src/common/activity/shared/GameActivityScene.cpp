@@ -66,7 +66,7 @@ void GameActivityScene::Update(unsigned long dt) {
   // update, which follows this one.
   TakeHintButton();
   noxfw::ActivityScene::Update(dt);
-  m_Sequencer.Update(dt);
+  if (!IsPaused()) m_Sequencer.Update(dt);
   m_bHintTaken = false;
 }
 
