@@ -73,8 +73,10 @@ void GameRewardPopUp::Queue(nox::TileAnimation* text, const char* fanfare, int f
 void GameRewardPopUp::PlaceText() {
   if (!m_pBanner || !m_pBanner->HasPoint(kTextPoint)) return;
   nox::Vector3 at = m_pBanner->GetPoint(kTextPoint);
-  // Just in front of the banner, which draws behind what has the smaller depth.
-  at.z = m_pBanner->GetDepth() - nox::Real(1);
+  // The banner's own depth: among equal depths the engine draws in the order of adding,
+  // and the texts were added after the banner. A smaller depth than the banner's could
+  // fall in front of the near plane and not be drawn at all.
+  at.z = m_pBanner->GetDepth();
   for (nox::TileAnimation* text : {m_pBadgeText, m_pLevelText}) {
     if (text) text->SetPosition(at);
   }
