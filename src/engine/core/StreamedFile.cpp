@@ -1,10 +1,10 @@
 #include "core/StreamedFile.h"
 
 #include <sys/stat.h>
-#include <zlib.h>
 
 #include "core/Debug.h"
 #include "core/FileSystem.h"
+#include "core/Inflater.h"
 
 namespace nox {
 
@@ -163,8 +163,8 @@ bool StreamedFile::ReadChunk(const Row& row, unsigned char* slot, uint32_t& size
     return ReadAll(m_pFile, slot, row.m_StoredSize);
   }
   if (!ReadAll(m_pFile, m_pReadBuffer, row.m_StoredSize)) return false;
-  uLongf length = m_SlotSize;
-  if (uncompress(slot, &length, m_pReadBuffer, row.m_StoredSize) != Z_OK) return false;
+  unsigned long length = m_SlotSize;
+  if (!Inflater::Inflate(slot, length, m_pReadBuffer, row.m_StoredSize)) return false;
   size = static_cast<uint32_t>(length);
   return true;
 }
