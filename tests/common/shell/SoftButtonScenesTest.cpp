@@ -11,6 +11,7 @@
 #include "menu/Button.h"
 #include "scenes/Scene.h"
 #include "shell/DappletSoftButtons.h"
+#include "shell/GameExitPopUp.h"
 #include "shell/GameSceneManager.h"
 #include "shell/GameTitle.h"
 
@@ -131,11 +132,16 @@ TEST_F(SoftButtonScenesTest, ASoftHomeTouchInAMenuLeavesItTheSameFrame) {
   EXPECT_EQ(m_pScenes->GetSceneId(), 28u);
 }
 
-TEST_F(SoftButtonScenesTest, HomeInTheMainMenuPressesTheButtonButStaysWithoutAnExitPrompt) {
+TEST_F(SoftButtonScenesTest, HomeInTheMainMenuPressesTheButtonAndAsksWhetherToLeaveTheGame) {
   GoTo(28);
   Touch(true, 20, 20);
   m_Title.Input();
   EXPECT_TRUE(Buttons().GetHomeButton()->IsTriggered());
+  // The question is put over the paused menu, which stays where it is.
+  ASSERT_TRUE(m_pScenes->IsExitPopUpOpen());
+  EXPECT_EQ(m_pScenes->GetExitPopUp().GetTarget(),
+            static_cast<unsigned long>(game::GameExitPopUp::kExitTitle));
+  EXPECT_TRUE(m_pScenes->IsScenePaused());
   EXPECT_FALSE(m_pScenes->IsChangingScene());
   EXPECT_EQ(m_pScenes->GetSceneId(), 28u);
 }
