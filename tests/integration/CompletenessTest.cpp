@@ -143,6 +143,9 @@ const std::string kSettingsScript = std::to_string(kMenuFrame) + " hold 475 268 
                                     std::to_string(kMenuFrame + 300) + " down b\n" +
                                     std::to_string(kMenuFrame + 302) + " up b\n";
 const int kSettingsFrames = kMenuFrame + 400;
+// A chosen button clicks and says its name before the fade to the next scene; the
+// longest name lasts about a second, so the next scene has begun well within 4 s.
+const int kChoiceFrames = 240;
 
 // Each main menu button, tapped at its middle, and the scene it leads to for a new player.
 struct MenuButton {
@@ -180,7 +183,7 @@ TEST_F(Completeness, EveryMainMenuButtonFindsAllItsContent) {
     SCOPED_TRACE(std::to_string(button.x) + "," + std::to_string(button.y));
     const std::string script = std::to_string(kMenuFrame) + " tap " + std::to_string(button.x) + " " +
                                std::to_string(button.y) + "\n";
-    TitleRun run = RunTitle(GetPaths().realTitle, kMenuFrame + 100, script, false);
+    TitleRun run = RunTitle(GetPaths().realTitle, kMenuFrame + kChoiceFrames, script, false);
     ASSERT_GE(run.scenes.size(), 5u) << run.log;
     // Scenes not written yet say they cannot be built; their names are enough here.
     EXPECT_TRUE(StartsWith(run.scenes[4], button.scene)) << run.scenes[4];

@@ -180,6 +180,13 @@ TEST_F(MenuRun, TheActivityPickerShowsItsCardsAndStarsASpeakingStarAndLeadsBack)
   // A new player has earned no star: all twelve stand grey on their plinths.
   for (int i = 0; i < 12; ++i) EXPECT_GT(GreyPixels(shot, StarX(i), kStarY, 4), 20) << "star " << i;
 
+  // The main menu greets, and the chosen button's name is heard before the picker.
+  const int welcome = Find(run, "Playing audio file: KDNA0001");
+  const int games = Find(run, "Playing audio file: KDNA0003", welcome);
+  EXPECT_GE(welcome, 0) << run.log;
+  EXPECT_GT(games, welcome) << run.log;
+  EXPECT_LT(games, Find(run, "Scene 29 ActivityPicker")) << run.log;
+
   // The archery's third star says how to earn it: a click, then its line.
   const int greeting = Find(run, "Playing audio file: KDNA0008");
   EXPECT_GE(greeting, 0) << run.log;

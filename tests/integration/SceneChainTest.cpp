@@ -79,6 +79,9 @@ const std::vector<std::string> kToMainMenu = {"Scene 10 Morvane", "Scene 11 Quen
 
 // The main menu is up and faded in by this frame of a run without input.
 const int kMenuFrame = 1150;
+// A chosen button clicks and says its name before the fade to the next scene; the
+// longest name lasts about a second, so the next scene has begun well within 4 s.
+const int kChoiceFrames = 240;
 
 class SceneChain : public ::testing::Test {
  protected:
@@ -124,13 +127,13 @@ TEST_F(SceneChain, MainMenuButtonsAnswerTheStylusAndThePad) {
   std::string script = std::to_string(kMenuFrame) + " down right\n" + std::to_string(kMenuFrame + 2) +
                        " up right\n" + std::to_string(kMenuFrame + 10) + " down a\n" +
                        std::to_string(kMenuFrame + 12) + " up a\n";
-  ChainRun run = RunChain(kMenuFrame + 100, script, {});
+  ChainRun run = RunChain(kMenuFrame + kChoiceFrames, script, {});
   ASSERT_GE(run.scenes.size(), 5u) << run.log;
   EXPECT_EQ(run.scenes[4], "Scene 29 ActivityPicker") << run.log;
 
   // The stylus: a tap on "Badges" chooses the badge album.
   script = std::to_string(kMenuFrame) + " tap 310 195\n";
-  run = RunChain(kMenuFrame + 100, script, {});
+  run = RunChain(kMenuFrame + kChoiceFrames, script, {});
   ASSERT_GE(run.scenes.size(), 5u) << run.log;
   EXPECT_EQ(run.scenes[4], "Scene 30 BadgeMenu cannot be built") << run.log;
 }

@@ -110,7 +110,7 @@ bool GameSceneManager::BuildScene(unsigned long id, bool first) {
       break;
     case kSceneMainMenu:
       m_pMenu = new MainMenu(first, m_MainMenuNews.newBadge, m_MainMenuNews.newDownloads,
-                             m_MainMenuNews.newDrawing);
+                             m_MainMenuNews.newDrawing, M1Dialogue::kIntro, M1Dialogue::kRepeat);
       break;
     case kSceneActivityPicker:
       m_pMenu = new ActivityPicker(M2Dialogue::kIntro, M2Dialogue::kRepeat);

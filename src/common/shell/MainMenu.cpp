@@ -1,5 +1,8 @@
 #include "shell/MainMenu.h"
 
+#include <cstring>
+
+#include "input/Input.h"
 #include "menu/Button.h"
 #include "scenes/ExitReason.h"
 #include "sequencer/SoundSeqItems.h"
@@ -14,11 +17,22 @@ namespace {
 // Sprite names by ButtonIndex - 1.
 const char* const kButtonSprites[MainMenu::kButtonCount] = {
     "M1_ActivityButton", "M1_AdventureModeButton", "M1_MicroModButton", "M1_BadgeButton", "M1_JournalButton"};
-// What a choice says, by ButtonIndex - 1; "NONE" says nothing.
-const char* const kButtonVoices[MainMenu::kButtonCount] = {"NONE", "NONE", "NONE", "NONE", "NONE"};
+static_assert(M1Dialogue::kButtonVoiceCount == MainMenu::kButtonCount, "one name per button");
 
 const unsigned long kMenuCategory = 8;
 const unsigned long kSpeechCategory = 1;
+// Pad bits: the directions and the shoulders move the focus; the hint key.
+const uint32_t kMoveBits = 0x1 | 0x2 | 0x4 | 0x8 | 0x40 | 0x80;
+const uint32_t kHintBit = 0x200;
+
+bool Says(const char* voice) {
+  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
+}
+
+uint32_t TriggeredPadButtons() {
+  nox::Input* input = nox::Input::s_pInput;
+  return input ? input->GetController(0)->GetTriggeredButtons(0xFFFFFFFFu) : 0;
+}
 
 }  // namespace
 
@@ -53,18 +67,62 @@ MainMenu::~MainMenu() {
   m_Sequencer.Empty();
 }
 
+const char* MainMenu::GetButtonVoice(int index) {
+  return index >= 1 && index <= kButtonCount ? M1Dialogue::kButtonVoices[index - 1] : "NONE";
+}
+
+void MainMenu::QueueVoice(const char* voice) {
+  if (Says(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
+}
+
 void MainMenu::Open() {
   noxfw::Menu::Open();
   SetVisible(true);
   m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
-  if (m_IntroVoice != "NONE") {
-    m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(m_IntroVoice.c_str(), kSpeechCategory));
-  }
+  QueueVoice(m_IntroVoice.c_str());
 }
 
 void MainMenu::Update(unsigned long ms) {
-  m_Sequencer.Update(ms);
+  // A paused menu (under the exit pop-up) holds its script with its sounds.
+  if (!IsPaused()) m_Sequencer.Update(ms);
   noxfw::Menu::Update(ms);
+  const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
+  if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());
+}
+
+bool MainMenu::HandleInput() {
+  if (IsInputLocked() || IsPaused()) return false;
+  // The stylus as the framework takes it: a press chooses at once, and the choice
+  // says the button's name itself.
+  if (HandleTouch()) {
+    m_Prompt.Reset();
+    return true;
+  }
+  const uint32_t pressed = TriggeredPadButtons();
+  const noxfw::Button* focus = GetSelected();
+  if (HandlePad()) {
+    m_Prompt.Reset();
+    // A choice has queued its own click and voice.
+    if (IsInputLocked()) return true;
+    const bool moved = GetSelected() != focus && GetSelected();
+    const bool move = (pressed & kMoveBits) && !(pressed & kBackMask);
+    if (!moved && !move) return true;
+    // What was being said gives way: the child is choosing now.
+    m_Sequencer.Empty();
+    m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_DefaultClickSfx_6", kMenuCategory));
+    if (moved && Says(GetButtonVoice(GetSelectedId()))) {
+      // A copy that plays on by itself, so the next move can cut in at once.
+      m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(GetButtonVoice(GetSelectedId()),
+                                                                  kSpeechCategory, 0, true, 100));
+    }
+    return true;
+  }
+  if (!(pressed & kHintBit)) return false;
+  m_Prompt.Reset();
+  m_Sequencer.Empty();
+  m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_HintButtonSfx_6", kMenuCategory));
+  QueueVoice(m_IntroVoice.c_str());
+  return true;
 }
 
 void MainMenu::Activate() {
@@ -74,10 +132,8 @@ void MainMenu::Activate() {
   LockInput();
   m_Sequencer.Empty();
   m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_MenuSelectSfx_6", kMenuCategory));
-  const char* voice = kButtonVoices[index - 1];
-  if (std::string(voice) != "NONE") {
-    m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
-  }
+  // A waiting step: the scene ends only once the name has been said.
+  QueueVoice(GetButtonVoice(index));
   m_Sequencer.AppendItem(new DoneSceneSeqItem(noxfw::ExitReason::Complete));
 }
 

@@ -2,14 +2,20 @@
 // manager reads the chosen button's place (1 activities, 2 the story, 3 micromods,
 // 4 badges, 5 the journal) as the way on once the menu ends with Complete.
 //
+// It speaks: the greeting on opening (again on the hint key), the name of a button
+// reached with the pad, the name of the chosen button between its click and the
+// scene's end, and the reminder after a while without a touch.
+//
 // A menu window shown by a noxfw::SimpleScene; the scene manager owns it. Its script
 // (the prompt on opening, the click and voice of a choice, the scene's end) runs on
-// its own sequencer.
+// its own sequencer and holds while the menu is paused.
 #pragma once
 #include <string>
 
 #include "menu/Menu.h"
 #include "sequencer/Sequencer.h"
+#include "shell/InactivityPrompt.h"
+#include "shell/M1Dialogue.h"
 
 namespace game {
 
@@ -28,13 +34,19 @@ class MainMenu : public noxfw::Menu {
 
   // `first`: the first visit of this run; the other three say what is new since the
   // menu was last shown. None of them changes the menu's flow.
-  MainMenu(bool first, bool newBadge, bool newDownloads, bool newDrawing, const char* introVoice = "NONE",
-           const char* repeatVoice = "NONE");
+  MainMenu(bool first, bool newBadge, bool newDownloads, bool newDrawing,
+           const char* introVoice = M1Dialogue::kIntro, const char* repeatVoice = M1Dialogue::kRepeat);
   ~MainMenu() override;
 
   void Open() override;
   void Update(unsigned long ms) override;
+  // The framework's flow, then the pad's sounds: a move clicks and a new focus says
+  // the button's name; the hint key says the greeting again.
+  bool HandleInput() override;
   void Activate() override;
+
+  // What button `index` (a ButtonIndex) is called aloud; "NONE" out of range.
+  static const char* GetButtonVoice(int index);
 
   bool IsFirstVisit() const { return m_bFirst; }
   bool HasNewBadge() const { return m_bNewBadge; }
@@ -43,10 +55,14 @@ class MainMenu : public noxfw::Menu {
   noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
 
  private:
+  // A waiting step in the speech category; "NONE" or empty queues nothing.
+  void QueueVoice(const char* voice);
+
   noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kButtonCount];  // owned by the menu, by ButtonIndex - 1
   std::string m_IntroVoice;
   std::string m_RepeatVoice;
+  InactivityPrompt m_Prompt;
   bool m_bFirst;
   bool m_bNewBadge;
   bool m_bNewDownloads;
