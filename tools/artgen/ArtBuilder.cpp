@@ -27,11 +27,13 @@ uint64_t GeneratorKey() {
   return soundgen::Fnv64(bytes.str());
 }
 
+// Manifests give points and rectangles in canvas pixels; the files hold them from the
+// sprite's origin. A single entry stays single: the builder gives it to every frame, and
+// refuses a count that fits neither (a sequence made the "same" as one of other length).
 template <typename T>
-void Expand(const std::vector<T>& values, const std::vector<bool>& present, int frames, int dx, int dy,
-            std::vector<bool>& nilOut, std::vector<T>& out) {
-  for (int f = 0; f < frames; ++f) {
-    const size_t i = values.size() == 1 ? 0 : static_cast<size_t>(f);
+void FromOrigin(const std::vector<T>& values, const std::vector<bool>& present, int dx, int dy,
+                std::vector<bool>& nilOut, std::vector<T>& out) {
+  for (size_t i = 0; i < values.size(); ++i) {
     T v = values[i];
     for (size_t k = 0; k < v.size(); ++k) v[k] -= k % 2 ? dy : dx;
     out.push_back(v);
@@ -84,12 +86,10 @@ bool MakeSprite(const SpriteRecipe& sprite, assetlib::AnimOutput& out, std::stri
       }
       d.frames.push_back(layers);
     }
-    // Manifests give points and rectangles in canvas pixels; the files hold them from
-    // the sprite's origin.
     for (const PointSeries& p : seq.points) {
       std::vector<std::array<int, 2>> values;
       std::vector<bool> nil;
-      Expand(p.values, p.present, seq.frames, sprite.originX, sprite.originY, nil, values);
+      FromOrigin(p.values, p.present, sprite.originX, sprite.originY, nil, values);
       std::vector<assetlib::AnimPoint> points;
       for (size_t i = 0; i < values.size(); ++i) points.push_back({nil[i], values[i][0], values[i][1]});
       d.points.push_back({p.name, points});
@@ -97,7 +97,7 @@ bool MakeSprite(const SpriteRecipe& sprite, assetlib::AnimOutput& out, std::stri
     for (const RectSeries& r : seq.rects) {
       std::vector<std::array<int, 4>> values;
       std::vector<bool> nil;
-      Expand(r.values, r.present, seq.frames, sprite.originX, sprite.originY, nil, values);
+      FromOrigin(r.values, r.present, sprite.originX, sprite.originY, nil, values);
       std::vector<assetlib::AnimRect> rects;
       for (size_t i = 0; i < values.size(); ++i) {
         rects.push_back({nil[i], values[i][0], values[i][1], values[i][2], values[i][3]});

@@ -163,6 +163,29 @@ void PutRect(Bytes& out, const AnimRect& r) {
   Put16(out, static_cast<uint16_t>(r.nil ? nil : static_cast<int16_t>(r.bottom)));
 }
 
+// A point or rectangle series holds one entry per frame or one entry for every frame;
+// the file holds one per frame.
+template <typename Entry>
+std::vector<Entry> PerFrame(const std::vector<Entry>& entries, size_t frames) {
+  return entries.size() == 1 ? std::vector<Entry>(frames, entries[0]) : entries;
+}
+
+// Refuses a series whose count is neither 1 (where `single` allows it) nor the frame count:
+// the engine would read the next series, or past the file, as this one's entries.
+template <typename Series>
+bool CheckCounts(const Series& series, const char* kind, bool single, size_t frames, const std::string& where,
+                 std::string& error) {
+  for (const auto& s : series) {
+    const size_t count = s.second.size();
+    if (count == frames || (single && count == 1)) continue;
+    error = where + ": " + kind + " \"" + s.first + "\": " + std::to_string(count) + " entries for " +
+            std::to_string(frames) + " frames; give " + (single ? "one for all frames or " : "") +
+            "one per frame";
+    return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 bool BuildAnim(const AnimDesc& desc, const ImageSource& images, const std::string& name, AnimOutput& out,
@@ -194,6 +217,11 @@ bool BuildAnim(const AnimDesc& desc, const ImageSource& images, const std::strin
       error = where + ": needs 1 to 65535 frames";
       return false;
     }
+    const size_t count = seq.frames.size();
+    if (!CheckCounts(seq.points, "points", true, count, where, error) ||
+        !CheckCounts(seq.rects, "rects", true, count, where, error) ||
+        !CheckCounts(seq.callbacks, "callbacks", false, count, where, error))
+      return false;
     // The layers this sequence uses, in the description's order.
     std::vector<bool> used(desc.layers.size(), false);
     for (const auto& frame : seq.frames) {
@@ -343,7 +371,8 @@ bool BuildAnim(const AnimDesc& desc, const ImageSource& images, const std::strin
     bool ownCollision = false;
     for (const auto& r : seq.rects) ownCollision = ownCollision || r.first == "Collision";
     if (!ownCollision) rects[s].emplace_back(nox::HashString("Collision"), boxes);
-    for (const auto& r : seq.rects) rects[s].emplace_back(nox::HashString(r.first), r.second);
+    for (const auto& r : seq.rects)
+      rects[s].emplace_back(nox::HashString(r.first), PerFrame(r.second, seq.frames.size()));
     if (rects[s].size() > 255 || seq.points.size() > 255 || seq.callbacks.size() > 255) {
       error = name + ": sequence \"" + seq.name + "\": more than 255 series of one kind";
       return false;
@@ -369,7 +398,7 @@ bool BuildAnim(const AnimDesc& desc, const ImageSource& images, const std::strin
     }
     for (const auto& series : seq.points) {
       Put32(anim, nox::HashString(series.first));
-      for (const AnimPoint& p : series.second) {
+      for (const AnimPoint& p : PerFrame(series.second, seq.frames.size())) {
         Put16(anim, static_cast<uint16_t>(p.nil ? nox::kNilCoordinate : static_cast<int16_t>(p.x)));
         Put16(anim, static_cast<uint16_t>(p.nil ? nox::kNilCoordinate : static_cast<int16_t>(p.y)));
       }

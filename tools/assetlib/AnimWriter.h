@@ -70,9 +70,10 @@ struct AnimSequenceDesc {
   int originY = 0;
   // For each frame, (layer index, picture name) pairs.
   std::vector<std::vector<std::pair<unsigned, std::string>>> frames;
+  // Points and rectangles: one entry per frame, or one entry for every frame.
   std::vector<std::pair<std::string, std::vector<AnimPoint>>> points;
   std::vector<std::pair<std::string, std::vector<AnimRect>>> rects;
-  std::vector<std::pair<std::string, std::vector<uint32_t>>> callbacks;
+  std::vector<std::pair<std::string, std::vector<uint32_t>>> callbacks;  // one value per frame
 };
 
 struct AnimDesc {

@@ -261,6 +261,61 @@ TEST_F(ArtTitle, TheToolStopsOnAMistakeWithOneLinePerProblemAndMakesNothing) {
   EXPECT_FALSE(testfiles::Exists(m_Title + "/AnimData/Square.anim"));
 }
 
+TEST_F(ArtTitle, OnePointOrRectangleStandsForEveryFrameAndACountOfNeitherIsRefused) {
+  assetlib::AnimDesc desc;
+  desc.tileSize = 8;
+  desc.layers.push_back({"Main", 0});
+  assetlib::AnimSequenceDesc wave;
+  wave.name = "Wave";
+  for (int f = 0; f < 3; ++f) wave.frames.push_back({{0u, "dot"}});
+  wave.points.push_back({"Hand", {{false, 3, -20}}});
+  wave.rects.push_back({"Hit", {{false, -8, -30, 8, 0}}});
+  desc.sequences.push_back(wave);
+  const assetlib::ImageSource dot = [](const std::string&, assetlib::Image& out, std::string&) {
+    out = assetlib::Image(8, 8);
+    out.At(2, 2)[3] = 255;
+    return true;
+  };
+  assetlib::AnimOutput out;
+  std::string error;
+  ASSERT_TRUE(assetlib::BuildAnim(desc, dot, "Waver", out, error)) << error;
+  testfiles::WriteBytes(m_Title + "/AnimData/Waver.anim", out.anim);
+  testfiles::WriteBytes(m_Title + "/AnimData/Waver.tex", out.tex);
+  nox::TileAnimData data("Waver", false, true);
+  ASSERT_TRUE(data.IsLoaded());
+  const nox::TADPointSeries* hand = data.GetPointSeries(0, nox::HashString("Hand"));
+  const nox::TADRectSeries* hit = data.GetRectSeries(0, nox::HashString("Hit"));
+  ASSERT_TRUE(hand && hit);
+  for (int f = 0; f < 3; ++f) {
+    EXPECT_EQ(hand->Entries()[f].x, 3) << f;
+    EXPECT_EQ(hand->Entries()[f].y, -20) << f;
+    EXPECT_EQ(hit->Entries()[f].left, -8) << f;
+    EXPECT_EQ(hit->Entries()[f].bottom, 0) << f;
+  }
+
+  desc.sequences[0].points[0].second.push_back({false, 4, -21});
+  EXPECT_FALSE(assetlib::BuildAnim(desc, dot, "Waver", out, error));
+  EXPECT_EQ(error,
+            "Waver: sequence \"Wave\": points \"Hand\": 2 entries for 3 frames; give one for all "
+            "frames or one per frame");
+
+  // A sequence made the same as a shorter one brings that one's points, one per frame of it.
+  const std::string file = Write("same.json", R"({"sprites": {"A": {"size": [8, 8], "sequences": {
+    "S": {"frames": 2, "points": {"Hand": [[1, 1], [2, 2]]}},
+    "T": {"same": "S", "frames": 3}}}}})");
+  artgen::ArtSet set;
+  Diagnostics diag;
+  ASSERT_TRUE(Read({file}, set, diag)) << diag.Joined();
+  artgen::ArtOptions options;
+  options.titleDir = m_Title;
+  options.quiet = true;
+  artgen::ArtReport report;
+  EXPECT_FALSE(artgen::BuildArt(set, options, report, diag));
+  EXPECT_EQ(diag.Joined(), file +
+                               ":1: sprite A: sequence \"T\": points \"Hand\": 2 entries for 3 frames; "
+                               "give one for all frames or one per frame\n");
+}
+
 TEST_F(ArtTitle, OnlyWhatChangedIsDrawnAgainAndWhatWasTakenOutLeavesTheTitle) {
   const std::string background = R"(,
   "backgrounds": { "Field": { "size": [64, 40], "shapes": [ { "rect": [0, 0, 64, 40], "fill": "#33aa55" } ] } }
