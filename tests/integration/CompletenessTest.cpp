@@ -2,8 +2,6 @@
 // log searched for content the game asked for and did not get: sounds, animations,
 // textures, sequences, fonts. A copy of the title with files taken out proves the
 // search finds them.
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,15 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "Process.h"
+#include "TitleRun.h"
 
 namespace integration {
 namespace {
-
-bool Exists(const std::string& path) {
-  struct stat st;
-  return stat(path.c_str(), &st) == 0;
-}
 
 // How a log line that starts with a pattern's text is judged.
 enum class Judge {
@@ -51,32 +44,21 @@ const MissingPattern kMissingPatterns[] = {
     {"LevelLoader: ", Judge::kAlways, nullptr},
 };
 
-std::string Trimmed(std::string line) {
-  while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.pop_back();
-  return line;
-}
-
-bool StartsWith(const std::string& line, const std::string& prefix) {
-  return line.compare(0, prefix.size(), prefix) == 0;
-}
-
-// The lines of `log` that say content is missing from the title in `titleDir`, in order.
-std::vector<std::string> FindMissingContent(const std::string& log, const std::string& titleDir) {
-  std::vector<std::string> lines;
-  for (const std::string& line : SplitLines(log)) lines.push_back(Trimmed(line));
+// The lines of `run` that say content is missing from the title in `titleDir`, in order.
+std::vector<std::string> FindMissingContent(const TitleRun& run, const std::string& titleDir) {
   std::vector<std::string> offending;
-  for (size_t i = 0; i < lines.size(); ++i) {
+  for (size_t i = 0; i < run.lines.size(); ++i) {
+    const std::string& line = run.lines[i];
     for (const MissingPattern& pattern : kMissingPatterns) {
-      if (!StartsWith(lines[i], pattern.text)) continue;
-      const std::string name = lines[i].substr(strlen(pattern.text));
+      if (!StartsWith(line, pattern.text)) continue;
+      const std::string name = line.substr(strlen(pattern.text));
       bool missing = true;
       if (pattern.judge == Judge::kUnlessPlayed) {
-        const std::string played = "Playing audio file: " + name;
-        for (size_t j = i + 1; j < lines.size() && missing; ++j) missing = lines[j] != played;
+        missing = run.Find("Playing audio file: " + name, static_cast<int>(i) + 1) < 0;
       } else if (pattern.judge == Judge::kUnlessInTitle) {
         missing = !Exists(titleDir + "/AnimData/" + name + pattern.suffix) && !Exists(name + pattern.suffix);
       }
-      if (missing) offending.push_back(lines[i]);
+      if (missing) offending.push_back(line);
       break;
     }
   }
@@ -89,64 +71,6 @@ std::string Joined(const std::vector<std::string>& lines) {
   return text;
 }
 
-// A run of `title` for `frames` frames with an input script; its automation log.
-struct TitleRun {
-  std::string log;
-  std::vector<std::string> scenes;  // the "Scene ..." lines in order
-};
-
-TitleRun RunTitle(const std::string& title, int frames, const std::string& script, bool cheats) {
-  const std::string dir = MakeTempDir();
-  std::vector<std::string> args = {GetPaths().appmanager,
-                                   "--title",
-                                   title,
-                                   "--stock-audio",
-                                   GetPaths().realTitle + "/../stock-audio",
-                                   "--headless",
-                                   "--clock",
-                                   "virtual",
-                                   "--frames",
-                                   std::to_string(frames),
-                                   "--quiet",
-                                   "--mute",
-                                   "--saves",
-                                   dir + "/saves",
-                                   "--downloads",
-                                   dir + "/downloads",
-                                   "--log",
-                                   dir + "/run.log"};
-  if (!script.empty()) {
-    WriteFile(dir + "/input.txt", script);
-    args.push_back("--input");
-    args.push_back(dir + "/input.txt");
-  }
-  if (cheats) args.push_back("--cheats");
-  ProcessResult r = RunProcess(args, {}, 280);
-  TitleRun run;
-  run.log = ReadFile(dir + "/run.log");
-  EXPECT_EQ(r.exitCode, 0) << r.err << run.log;
-  for (const std::string& line : SplitLines(run.log)) {
-    if (StartsWith(line, "Scene ")) run.scenes.push_back(Trimmed(line));
-  }
-  return run;
-}
-
-// The main menu is up and faded in by this frame of a run without input.
-const int kMenuFrame = 1150;
-
-const std::vector<std::string> kToMainMenu = {"Scene 10 Morvane", "Scene 11 Quennet", "Scene 12 Title",
-                                              "Scene 28 MainMenu"};
-
-// The logos, the title card, the main menu, the settings (a long hold in the far corner
-// with cheats on; B leaves them) and the menu again.
-const std::string kSettingsScript = std::to_string(kMenuFrame) + " hold 475 268 220\n" +
-                                    std::to_string(kMenuFrame + 300) + " down b\n" +
-                                    std::to_string(kMenuFrame + 302) + " up b\n";
-const int kSettingsFrames = kMenuFrame + 400;
-// A chosen button clicks and says its name before the fade to the next scene; the
-// longest name lasts about a second, so the next scene has begun well within 4 s.
-const int kChoiceFrames = 240;
-
 // Each main menu button, tapped at its middle, and the scene it leads to for a new player.
 struct MenuButton {
   int x, y;
@@ -158,36 +82,25 @@ const MenuButton kMenuButtons[] = {
     {165, 197, "Scene 14 AdventureLog"},
 };
 
-class Completeness : public ::testing::Test {
- protected:
-  void SetUp() override {
-    const std::string& title = GetPaths().realTitle;
-    if (title.empty() || !Exists(title + "/App.so")) {
-      GTEST_SKIP() << "the title is not built yet (" << title << "/App.so); build the 'title' target";
-    }
-  }
-};
+using Completeness = RealTitleTest;
 
 TEST_F(Completeness, TheLogosTheMenuAndTheSettingsFindAllTheirContent) {
-  TitleRun run = RunTitle(GetPaths().realTitle, kSettingsFrames, kSettingsScript, true);
-  std::vector<std::string> expected = kToMainMenu;
-  expected.push_back("Scene 3 Settings");
-  expected.push_back("Scene 28 MainMenu");
-  EXPECT_EQ(run.scenes, expected) << run.log;
-  const std::vector<std::string> missing = FindMissingContent(run.log, GetPaths().realTitle);
+  // The logos, the title card, the main menu, the settings and the menu again.
+  TitleRun run = RunTitle(TitleArgs(kMenuFrame + 400).Script(SettingsScript(kMenuFrame)).Arg("--cheats"));
+  EXPECT_EQ(run.scenes, ToMainMenuThen({"Scene 3 Settings", "Scene 28 MainMenu"})) << run.log;
+  const std::vector<std::string> missing = FindMissingContent(run, GetPaths().realTitle);
   EXPECT_TRUE(missing.empty()) << "content missing from the title:\n" << Joined(missing);
 }
 
 TEST_F(Completeness, EveryMainMenuButtonFindsAllItsContent) {
   for (const MenuButton& button : kMenuButtons) {
     SCOPED_TRACE(std::to_string(button.x) + "," + std::to_string(button.y));
-    const std::string script = std::to_string(kMenuFrame) + " tap " + std::to_string(button.x) + " " +
-                               std::to_string(button.y) + "\n";
-    TitleRun run = RunTitle(GetPaths().realTitle, kMenuFrame + kChoiceFrames, script, false);
+    TitleRun run =
+        RunTitle(TitleArgs(kMenuFrame + kChoiceFrames).Script(TapAt(kMenuFrame, button.x, button.y)));
     ASSERT_GE(run.scenes.size(), 5u) << run.log;
     // Scenes not written yet say they cannot be built; their names are enough here.
     EXPECT_TRUE(StartsWith(run.scenes[4], button.scene)) << run.scenes[4];
-    const std::vector<std::string> missing = FindMissingContent(run.log, GetPaths().realTitle);
+    const std::vector<std::string> missing = FindMissingContent(run, GetPaths().realTitle);
     EXPECT_TRUE(missing.empty()) << "content missing from the title:\n" << Joined(missing);
   }
 }
@@ -202,9 +115,9 @@ TEST_F(Completeness, TheSearchNamesASoundAnAnimationAndATextureTakenOutOfTheTitl
        {"/Audio/Music/MUS_Menu.ogg", "/AnimData/M1_Background.anim", "/AnimData/GameTitleCard.tex"}) {
     ASSERT_EQ(unlink((title + file).c_str()), 0) << "the title has no " << file;
   }
-  TitleRun run = RunTitle(title, kMenuFrame + 50, "", false);
+  TitleRun run = RunTitle(TitleArgs(kMenuFrame + 50).Title(title));
   ASSERT_EQ(run.scenes, kToMainMenu) << run.log;
-  const std::vector<std::string> missing = FindMissingContent(run.log, title);
+  const std::vector<std::string> missing = FindMissingContent(run, title);
   const std::vector<std::string> expected = {
       "Load texture: GameTitleCard", "NIS animation missing: GameTitleCard", "Load animation: M1_Background",
       "Failed to find audio: MUS_Menu"};

@@ -30,11 +30,10 @@ TEST(HeadlessRun, TwoVirtualClockRunsWriteTheSameAutomationLog) {
   EXPECT_EQ(first.err, "");
 
   // The game sees 17, 17, 16 ms per frame, and Exit comes after the last frame.
-  EXPECT_NE(log.find("fake_app: frame 0 time 17\n"), std::string::npos) << log;
-  EXPECT_NE(log.find("fake_app: frame 270 time " + std::to_string(VirtualTimeAtFrame(270)) + "\n"),
-            std::string::npos);
+  EXPECT_TRUE(Contains(log, "fake_app: frame 0 time 17\n")) << log;
+  EXPECT_TRUE(Contains(log, "fake_app: frame 270 time " + std::to_string(VirtualTimeAtFrame(270)) + "\n"));
   EXPECT_EQ(VirtualTimeAtFrame(299), 5000);
-  EXPECT_NE(log.find("fake_app: exit after 300 frames\n"), std::string::npos);
+  EXPECT_TRUE(Contains(log, "fake_app: exit after 300 frames\n"));
 }
 
 TEST(HeadlessRun, ScreenshotsHoldTheFrameTheAppJustDrew) {
@@ -43,7 +42,7 @@ TEST(HeadlessRun, ScreenshotsHoldTheFrameTheAppJustDrew) {
                              "39:" + dir + "/last.png", "--screenshot", "500:" + dir + "/never.png"});
   ASSERT_EQ(r.exitCode, 0) << r.err;
   // A screenshot past the end of the run is named, not silently dropped.
-  EXPECT_NE(r.err.find("no screenshot for frame 500"), std::string::npos) << r.err;
+  EXPECT_TRUE(Contains(r.err, "no screenshot for frame 500")) << r.err;
   for (int frame : {10, 39}) {
     Picture picture;
     ASSERT_TRUE(picture.Load(dir + (frame == 10 ? "/ten.png" : "/last.png")));
@@ -62,21 +61,21 @@ TEST(HeadlessRun, PopAppEndsTheRunAfterTheCurrentFrame) {
   std::string dir = MakeTempDir();
   ProcessResult r = RunFake({"--frames", "100", "--log", dir + "/pop.log"}, {"FAKE_APP_POP_FRAME=5"});
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_NE(ReadFile(dir + "/pop.log").find("fake_app: exit after 6 frames\n"), std::string::npos);
+  EXPECT_TRUE(Contains(ReadFile(dir + "/pop.log"), "fake_app: exit after 6 frames\n"));
 }
 
 TEST(HeadlessRun, SteadyFramesOfTheHostAllocateNothing) {
   ProcessResult r = RunFake({"--frames", "200", "--stats"});
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_NE(r.out.find("frames: 200\n"), std::string::npos) << r.out;
-  EXPECT_NE(r.out.find("frame cpu time (ms, frames 60 on): median "), std::string::npos) << r.out;
+  EXPECT_TRUE(Contains(r.out, "frames: 200\n")) << r.out;
+  EXPECT_TRUE(Contains(r.out, "frame cpu time (ms, frames 60 on): median ")) << r.out;
 #if defined(__SANITIZE_ADDRESS__)
-  EXPECT_NE(r.out.find("heap allocations per frame: n/a (sanitizer build)"), std::string::npos) << r.out;
+  EXPECT_TRUE(Contains(r.out, "heap allocations per frame: n/a (sanitizer build)")) << r.out;
 #else
-  EXPECT_NE(r.out.find("heap allocations per frame: 0.00 ("), std::string::npos) << r.out;
+  EXPECT_TRUE(Contains(r.out, "heap allocations per frame: 0.00 (")) << r.out;
   // The count does see the app's heap: one block a frame shows as one.
   r = RunFake({"--frames", "200", "--stats"}, {"FAKE_APP_ALLOCATE=1"});
-  EXPECT_NE(r.out.find("heap allocations per frame: 1.00 (140 in 140 frames"), std::string::npos) << r.out;
+  EXPECT_TRUE(Contains(r.out, "heap allocations per frame: 1.00 (140 in 140 frames")) << r.out;
 #endif
 }
 

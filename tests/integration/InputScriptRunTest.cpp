@@ -7,13 +7,6 @@
 namespace integration {
 namespace {
 
-size_t IndexOf(const std::vector<std::string>& lines, const std::string& text, size_t from = 0) {
-  for (size_t i = from; i < lines.size(); ++i) {
-    if (lines[i] == text) return i;
-  }
-  return std::string::npos;
-}
-
 TEST(InputScriptRun, TouchesButtonsTiltAndFocusArriveInOrder) {
   std::string dir = MakeTempDir();
   WriteFile(dir + "/script.input",
@@ -48,11 +41,10 @@ TEST(InputScriptRun, TouchesButtonsTiltAndFocusArriveInOrder) {
       "fake_app: touch 100 479 271",
       "fake_app: touch 0 479 271",
   };
-  size_t at = 0;
+  int at = 0;
   for (const std::string& text : expected) {
-    size_t found = IndexOf(lines, text, at);
-    ASSERT_NE(found, std::string::npos) << "missing or out of order: " << text << "\n"
-                                        << ReadFile(dir + "/run.log");
+    const int found = FindLine(lines, text, at);
+    ASSERT_GE(found, 0) << "missing or out of order: " << text << "\n" << ReadFile(dir + "/run.log");
     at = found + 1;
   }
 
@@ -72,7 +64,7 @@ TEST(InputScriptRun, AQuitLineEndsTheRunLikeClosingTheWindow) {
       RunProcess({GetPaths().appmanager, "--title", GetPaths().fakeTitle, "--headless", "--clock", "virtual",
                   "--quiet", "--input", dir + "/quit.input", "--log", dir + "/run.log"});
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_NE(ReadFile(dir + "/run.log").find("fake_app: exit after 7 frames"), std::string::npos);
+  EXPECT_TRUE(Contains(ReadFile(dir + "/run.log"), "fake_app: exit after 7 frames"));
 }
 
 }  // namespace

@@ -60,6 +60,13 @@ std::vector<std::string> SplitLines(const std::string& text) {
   return lines;
 }
 
+int FindLine(const std::vector<std::string>& lines, const std::string& text, int from) {
+  for (size_t i = static_cast<size_t>(from < 0 ? 0 : from); i < lines.size(); ++i) {
+    if (lines[i] == text) return static_cast<int>(i);
+  }
+  return -1;
+}
+
 ProcessResult RunProcess(const std::vector<std::string>& argv, const std::vector<std::string>& extraEnv,
                          int timeoutSeconds) {
   ProcessResult result;

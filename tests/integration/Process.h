@@ -31,5 +31,10 @@ std::string MakeTempDir();
 std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, const std::string& text);
 std::vector<std::string> SplitLines(const std::string& text);
+// The index of the first of `lines` equal to `text` at or after `from`, or -1.
+int FindLine(const std::vector<std::string>& lines, const std::string& text, int from = 0);
+inline bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
 
 }  // namespace integration
