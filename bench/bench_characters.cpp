@@ -17,27 +17,21 @@
 // directory at start; nothing is drawn.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "AllocCounter.h"
-#include "AnimWriter.h"
-#include "Image.h"
+#include "BenchTitle.h"
 #include "agents/AgentEngine.h"
 #include "agents/Character.h"
 #include "agents/ContextPool.h"
 #include "agents/StateBase.h"
 #include "agents/StateMachine.h"
-#include "core/GameHost.h"
 #include "core/HashString.h"
-#include "core/PathRegistry.h"
 #include "graphics/AnimationEngine.h"
 #include "graphics/TileAnimData.h"
 #include "graphics/TileAnimation.h"
-#include "ostra/HostConfig.h"
 #include "physics/CollisionPool.h"
 #include "physics/CollisionPoolMap.h"
 #include "physics/PhysicsEngine.h"
@@ -55,84 +49,6 @@ constexpr int kFloorTiles = 60;  // 32 wide
 constexpr int kWallTiles = 32;   // two columns of 16, 16 high, at the ends
 constexpr unsigned long kFrameMS = 17;
 const nox::NameHash kWalk = HashString("Walk");
-
-bool WriteBytes(const std::string& path, const assetlib::Bytes& bytes) {
-  FILE* file = fopen(path.c_str(), "wb");
-  if (!file) return false;
-  const bool ok = fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  return fclose(file) == 0 && ok;
-}
-
-// "Walk": four 16 by 32 frames, "Feet" at (8, 32), a collider whose top bobs.
-bool WriteWalker(const std::string& title) {
-  assetlib::AnimDesc desc;
-  desc.tileSize = 8;
-  desc.storage = assetlib::AnimStorage::kSheet;
-  desc.layers.push_back(assetlib::AnimLayerDesc{"Main", 0});
-  assetlib::AnimSequenceDesc walk;
-  walk.name = "Walk";
-  std::vector<assetlib::AnimRect> collider;
-  std::vector<assetlib::AnimPoint> feet;
-  for (int f = 0; f < 4; ++f) {
-    walk.frames.push_back({{0u, "w" + std::to_string(f)}});
-    collider.push_back({false, 2, 4 + (f & 1), 14, 32});
-    feet.push_back({false, 8, 32});
-  }
-  walk.rects.push_back({"Collision", collider});
-  walk.points.push_back({"Feet", feet});
-  desc.sequences.push_back(walk);
-  assetlib::ImageSource images = [](const std::string& picture, assetlib::Image& out, std::string&) {
-    const int f = atoi(picture.c_str() + 1);
-    out = assetlib::Image(16, 32);
-    for (uint32_t y = 0; y < 32; ++y) {
-      for (uint32_t x = 0; x < 16; ++x) {
-        uint8_t* p = out.At(x, y);
-        p[0] = static_cast<uint8_t>(x * 16);
-        p[1] = static_cast<uint8_t>(y * 8 + f * 40);
-        p[2] = 128;
-        p[3] = 255;
-      }
-    }
-    return true;
-  };
-  std::string error;
-  assetlib::AnimOutput anim;
-  if (!assetlib::BuildAnim(desc, images, "BenchWalker", anim, error)) {
-    fprintf(stderr, "bench_characters: %s\n", error.c_str());
-    return false;
-  }
-  return WriteBytes(title + "/AnimData/BenchWalker.anim", anim.anim) &&
-         WriteBytes(title + "/AnimData/BenchWalker.tex", anim.tex);
-}
-
-// The host, the path registry and a temporary title with the sprite in it.
-struct Title {
-  Title() {
-    char pattern[] = "/tmp/bench-characters-XXXXXX";
-    m_Dir = mkdtemp(pattern) ? pattern : "";
-    const std::string title = m_Dir + "/title";
-    const std::string dirs = "mkdir -p '" + title + "/AnimData'";
-    m_bReady = !m_Dir.empty() && system(dirs.c_str()) == 0 && WriteWalker(title);
-    Hollin::Ostra::Host::HostConfig config;
-    config.titlePath = title;
-    config.clock = Hollin::Ostra::Host::ClockMode::kVirtual;
-    config.quiet = true;
-    Hollin::Ostra::Host::SetHostConfig(config);
-    nox::GameHost::Create();
-    nox::PathRegistry::Create();
-  }
-  ~Title() {
-    nox::PathRegistry::Destroy();
-    nox::GameHost::Destroy();
-    if (!m_Dir.empty()) {
-      const std::string remove = "rm -rf '" + m_Dir + "'";
-      if (system(remove.c_str()) != 0)
-        fprintf(stderr, "bench_characters: could not remove %s\n", m_Dir.c_str());
-    }
-  }
-  std::string m_Dir;
-  bool m_bReady = false;
-};
 
 class Walker;
 
@@ -308,10 +224,11 @@ void CountedLoop(benchmark::State& state, CharacterArena& arena, F frame) {
 }
 
 void BM_75CharactersFrame(benchmark::State& state) {
-  Title title;
+  bench::BenchTitle title("bench_characters");
+  const bool ready = title.WriteWalker("BenchWalker", 4);
   std::unique_ptr<nox::TileAnimData> data(new nox::TileAnimData("BenchWalker", false, true));
   CharacterArena arena(data.get());
-  if (!title.m_bReady || !arena.Ready()) {
+  if (!ready || !arena.Ready()) {
     state.SkipWithError("the walker sprite could not be made");
     return;
   }
@@ -320,10 +237,11 @@ void BM_75CharactersFrame(benchmark::State& state) {
 BENCHMARK(BM_75CharactersFrame)->Unit(benchmark::kMicrosecond);
 
 void BM_CharacterPhysicsOnly(benchmark::State& state) {
-  Title title;
+  bench::BenchTitle title("bench_characters");
+  const bool ready = title.WriteWalker("BenchWalker", 4);
   std::unique_ptr<nox::TileAnimData> data(new nox::TileAnimData("BenchWalker", false, true));
   CharacterArena arena(data.get());
-  if (!title.m_bReady || !arena.Ready()) {
+  if (!ready || !arena.Ready()) {
     state.SkipWithError("the walker sprite could not be made");
     return;
   }

@@ -23,12 +23,10 @@
 #include <vector>
 
 #include "AllocCounter.h"
-#include "AnimWriter.h"
+#include "BenchTitle.h"
 #include "Image.h"
 #include "TilWriter.h"
-#include "core/GameHost.h"
 #include "core/HashString.h"
-#include "core/PathRegistry.h"
 #include "graphics/AnimationEngine.h"
 #include "graphics/ScreenManager.h"
 #include "graphics/ScrollableQuad.h"
@@ -36,7 +34,6 @@
 #include "graphics/TileAnimation.h"
 #include "graphics/Window.h"
 #include "graphics/WindowManager.h"
-#include "ostra/HostConfig.h"
 
 namespace {
 
@@ -46,13 +43,6 @@ using nox::Real;
 const int kSprites = 300;
 const int kFetchedSprites = 20;  // of kSprites
 const unsigned long kFrameMS = 17;
-
-bool WriteBytes(const std::string& path, const assetlib::Bytes& bytes) {
-  FILE* file = fopen(path.c_str(), "wb");
-  if (!file) return false;
-  const bool ok = fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  return fclose(file) == 0 && ok;
-}
 
 // Eight 32 by 32 frames: a disc with a bar that turns a step a frame, each frame its
 // own picture.
@@ -113,24 +103,16 @@ Image Doubled(const Image& small) {
   return big;
 }
 
-bool WriteSprite(const std::string& title, const std::string& name, const assetlib::AnimDesc& desc,
+bool WriteSprite(const bench::BenchTitle& title, const std::string& name, const assetlib::AnimDesc& desc,
                  bool doubled) {
-  assetlib::ImageSource images = [doubled](const std::string& picture, Image& out, std::string&) {
+  return title.WriteSprite(name, desc, [doubled](const std::string& picture, Image& out, std::string&) {
     out = SpinnerFrame(atoi(picture.c_str() + 1));
     if (doubled) out = Doubled(out);
     return true;
-  };
-  std::string error;
-  assetlib::AnimOutput anim;
-  if (!assetlib::BuildAnim(desc, images, name, anim, error)) {
-    fprintf(stderr, "bench_sprites: %s\n", error.c_str());
-    return false;
-  }
-  return WriteBytes(title + "/AnimData/" + name + ".anim", anim.anim) &&
-         WriteBytes(title + "/AnimData/" + name + ".tex", anim.tex);
+  });
 }
 
-bool WriteAssets(const std::string& title) {
+bool WriteAssets(const bench::BenchTitle& title) {
   std::string error;
   assetlib::TilOutput til;
   if (!assetlib::BuildTil(Background(), assetlib::TilOptions(), "BenchSky", til, error)) {
@@ -139,40 +121,21 @@ bool WriteAssets(const std::string& title) {
   }
   return WriteSprite(title, "BenchSpinner", SpinnerDescription(32, assetlib::AnimStorage::kSheet), false) &&
          WriteSprite(title, "BenchBig", SpinnerDescription(64, assetlib::AnimStorage::kFrames), true) &&
-         WriteBytes(title + "/Levels/BenchSky.til", til.index) &&
-         WriteBytes(title + "/Levels/BenchSky-tiled.tex", til.data);
+         title.Write("Levels/BenchSky.til", til.index) && title.Write("Levels/BenchSky-tiled.tex", til.data);
 }
 
 // The engine's singletons over a temporary title with the assets in it.
 struct Display {
-  Display() {
-    char pattern[] = "/tmp/bench-sprites-XXXXXX";
-    m_Dir = mkdtemp(pattern) ? pattern : "";
-    const std::string title = m_Dir + "/title";
-    const std::string dirs = "mkdir -p '" + title + "/AnimData' '" + title + "/Levels'";
-    m_bReady = !m_Dir.empty() && system(dirs.c_str()) == 0 && WriteAssets(title);
-    Hollin::Ostra::Host::HostConfig config;
-    config.titlePath = title;
-    config.clock = Hollin::Ostra::Host::ClockMode::kVirtual;
-    config.quiet = true;
-    Hollin::Ostra::Host::SetHostConfig(config);
-    nox::GameHost::Create();
-    nox::PathRegistry::Create();
+  Display() : m_bReady(WriteAssets(m_Title)) {
     nox::ScreenManager::Create();
     nox::WindowManager::Create();
   }
   ~Display() {
     nox::WindowManager::Destroy();
     nox::ScreenManager::Destroy();
-    nox::PathRegistry::Destroy();
-    nox::GameHost::Destroy();
-    if (!m_Dir.empty()) {
-      const std::string remove = "rm -rf '" + m_Dir + "'";
-      if (system(remove.c_str()) != 0) fprintf(stderr, "bench_sprites: could not remove %s\n", m_Dir.c_str());
-    }
   }
-  std::string m_Dir;
-  bool m_bReady = false;
+  bench::BenchTitle m_Title{"bench_sprites"};
+  const bool m_bReady;
 };
 
 // A world scene's view reduced to its drawing: the background, then the sprites.

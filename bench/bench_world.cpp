@@ -11,23 +11,17 @@
 // drawn.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
 #include "AllocCounter.h"
-#include "AnimWriter.h"
-#include "Image.h"
+#include "BenchTitle.h"
 #include "agents/AgentFactory.h"
 #include "agents/Character.h"
 #include "agents/RefPointFactory.h"
-#include "core/GameHost.h"
 #include "core/HashString.h"
-#include "core/PathRegistry.h"
 #include "graphics/TileAnimation.h"
 #include "level/Arena.h"
-#include "ostra/HostConfig.h"
 #include "physics/CollisionPool.h"
 #include "scenes/WorldScene.h"
 
@@ -47,58 +41,6 @@ double Allocations() {
   if (!appmanager::AllocCounter::IsAvailable()) return -1;
   appmanager::AllocCounter::CountThisThread();
   return static_cast<double>(appmanager::AllocCounter::Count());
-}
-
-bool WriteBytes(const std::string& path, const std::string& text) {
-  FILE* file = fopen(path.c_str(), "wb");
-  if (!file) return false;
-  const bool ok = fwrite(text.data(), 1, text.size(), file) == text.size();
-  return fclose(file) == 0 && ok;
-}
-
-bool WriteBytes(const std::string& path, const assetlib::Bytes& bytes) {
-  return WriteBytes(path, std::string(bytes.begin(), bytes.end()));
-}
-
-// "Walk": two 16 by 32 frames, "Feet" at (8, 32), a collider whose top bobs.
-bool WriteWalker(const std::string& title) {
-  assetlib::AnimDesc desc;
-  desc.tileSize = 8;
-  desc.storage = assetlib::AnimStorage::kSheet;
-  desc.layers.push_back(assetlib::AnimLayerDesc{"Main", 0});
-  assetlib::AnimSequenceDesc walk;
-  walk.name = "Walk";
-  std::vector<assetlib::AnimRect> collider;
-  std::vector<assetlib::AnimPoint> feet;
-  for (int f = 0; f < 2; ++f) {
-    walk.frames.push_back({{0u, "w" + std::to_string(f)}});
-    collider.push_back({false, 2, 4 + f, 14, 32});
-    feet.push_back({false, 8, 32});
-  }
-  walk.rects.push_back({"Collision", collider});
-  walk.points.push_back({"Feet", feet});
-  desc.sequences.push_back(walk);
-  assetlib::ImageSource images = [](const std::string& picture, assetlib::Image& out, std::string&) {
-    out = assetlib::Image(16, 32);
-    for (uint32_t y = 0; y < 32; ++y) {
-      for (uint32_t x = 0; x < 16; ++x) {
-        uint8_t* p = out.At(x, y);
-        p[0] = static_cast<uint8_t>(x * 16);
-        p[1] = static_cast<uint8_t>(y * 8);
-        p[2] = picture == "w0" ? 64 : 192;
-        p[3] = 255;
-      }
-    }
-    return true;
-  };
-  std::string error;
-  assetlib::AnimOutput anim;
-  if (!assetlib::BuildAnim(desc, images, "BenchWorldWalker", anim, error)) {
-    fprintf(stderr, "bench_world: %s\n", error.c_str());
-    return false;
-  }
-  return WriteBytes(title + "/AnimData/BenchWorldWalker.anim", anim.anim) &&
-         WriteBytes(title + "/AnimData/BenchWorldWalker.tex", anim.tex);
 }
 
 // The level: a global arena with one RefPoint, one arena of the characters standing
@@ -188,33 +130,12 @@ class BenchWorldScene : public noxfw::WorldScene {
   }
 };
 
-// The host, the path registry and a temporary title with the sprite and the level.
-struct Title {
-  Title() {
-    char pattern[] = "/tmp/bench-world-XXXXXX";
-    m_Dir = mkdtemp(pattern) ? pattern : "";
-    const std::string title = m_Dir + "/title";
-    const std::string dirs = "mkdir -p '" + title + "/AnimData' '" + title + "/Levels'";
-    m_bReady = !m_Dir.empty() && system(dirs.c_str()) == 0 && WriteWalker(title) &&
-               WriteBytes(title + "/Levels/BenchWorld.fun", LevelText());
-    Hollin::Ostra::Host::HostConfig config;
-    config.titlePath = title;
-    config.clock = Hollin::Ostra::Host::ClockMode::kVirtual;
-    config.quiet = true;
-    Hollin::Ostra::Host::SetHostConfig(config);
-    nox::GameHost::Create();
-    nox::PathRegistry::Create();
-  }
-  ~Title() {
-    nox::PathRegistry::Destroy();
-    nox::GameHost::Destroy();
-    if (!m_Dir.empty()) {
-      const std::string remove = "rm -rf '" + m_Dir + "'";
-      if (system(remove.c_str()) != 0) fprintf(stderr, "bench_world: could not remove %s\n", m_Dir.c_str());
-    }
-  }
-  std::string m_Dir;
-  bool m_bReady = false;
+// The host over a temporary title with the sprite and the level.
+struct Title : bench::BenchTitle {
+  Title()
+      : bench::BenchTitle("bench_world"),
+        m_bReady(WriteWalker("BenchWorldWalker", 2) && Write("Levels/BenchWorld.fun", LevelText())) {}
+  const bool m_bReady;
 };
 
 void BM_WorldSceneFrame(benchmark::State& state) {
@@ -250,5 +171,33 @@ void BM_WorldSceneFrame(benchmark::State& state) {
   state.counters["on_ground"] = grounded;
 }
 BENCHMARK(BM_WorldSceneFrame)->Unit(benchmark::kMicrosecond);
+
+// A load of the level as a scene makes it on entry, and its unload: the file read, the
+// walls built, the 75 characters made and brought in with their arena, then all taken
+// down again. The sprite stays in the scene's sprite map after the first load, as it
+// does for a scene that reloads its level. Reported per load: CPU time and "allocs".
+void BM_WorldSceneLoad(benchmark::State& state) {
+  Title title;
+  if (!title.m_bReady) {
+    state.SkipWithError("the title could not be written");
+    return;
+  }
+  BenchWorldScene scene;
+  size_t characters = 0;
+  auto load = [&scene, &characters] {
+    scene.LoadLevel("BenchWorld");
+    scene.InitCurrentArenas();
+    noxfw::Arena* arena = scene.GetCurrentArena();
+    characters = arena ? arena->GetAgents().size() : 0;
+    scene.UnloadLevel();
+  };
+  load();
+  const double before = Allocations();
+  for (auto _ : state) load();
+  state.counters["allocs"] =
+      before < 0 ? -1 : (Allocations() - before) / static_cast<double>(state.iterations());
+  if (characters != kCharacters) state.SkipWithError("the level did not load its characters");
+}
+BENCHMARK(BM_WorldSceneLoad)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
