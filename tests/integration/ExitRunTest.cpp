@@ -2,7 +2,8 @@
 // menu, No goes back to it, Home again and Yes end the title through the application
 // manager before the run's frame limit. And what the player did survives: a second run
 // on the same player's directory reads back the play time, the first activation and
-// the scenes played that the first run saved on its way out.
+// the scenes played that the first run saved on its way out. And a child's whole walk
+// through the shell in one run: both pickers, back each time, and out through Home.
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -111,6 +112,43 @@ TEST_F(ExitRun, HomeAsksNoGoesBackAndYesEndsTheTitleThroughTheApplicationManager
   // The panel is plain there but for the question's two lines.
   EXPECT_GT(InkPixels(asked, 140, 76, 340, 132), 600);
   EXPECT_GT(CornerLight(back), CornerLight(menu) * 9 / 10);
+}
+
+TEST_F(ExitRun, AChildVisitsBothPickersFromTheMainMenuAndLeavesThroughHome) {
+  // A player back from the adventure, so that "Adventure" opens the zone picker.
+  const std::string saves = MakeTempDir() + "/saves";
+  ASSERT_EQ(RunTitle(TitleArgs(kMenuFrame).Saves(saves)).scenes, kToMainMenu);
+  ASSERT_TRUE(PatchSaveGame(saves, kFirstAdventureOffset, 0));
+
+  // Each scene is up and answers within 200 frames of the choice that leads to it.
+  const int picker = kMenuFrame + 200, menu = picker + 240, zones = menu + 200, home = zones + 240;
+  const int limit = home + 400;
+  const std::string script = TapAt(kMenuFrame, 86, 112) +                         // "Games"
+                             TapAt(picker + 40, 48, 246) +                        // its "Back"
+                             TapAt(menu, 240, 106) +                              // "Adventure"
+                             At(zones + 40, "down b") + At(zones + 42, "up b") +  // back
+                             At(home, "down home") + At(home + 2, "up home") +
+                             TapAt(home + 60, kYesX, kAnswerY);
+  TitleRun run =
+      RunTitle(TitleArgs(limit).Saves(saves).Script(script).Shot(picker, "picker").Shot(zones, "zones"));
+  ASSERT_EQ(run.result.exitCode, 0);
+  EXPECT_EQ(run.scenes, ToMainMenuThen({"Scene 29 ActivityPicker", "Scene 28 MainMenu", "Scene 33 ZonePicker",
+                                        "Scene 28 MainMenu"}))
+      << run.log;
+  // Both pickers drew their cards.
+  EXPECT_GT(ShotColours(run.Shot("picker")), 20u);
+  EXPECT_GT(ShotColours(run.Shot("zones")), 20u);
+
+  // Asked once, back in the main menu, for the end of the title; yes ended it through
+  // the application manager, well before the frame limit.
+  const int asked = run.Find("Exit pop-up: asking \"Exit\" for scene 1");
+  EXPECT_GT(asked, run.Find("Scene 33 ZonePicker")) << run.log;
+  EXPECT_LT(run.Find("Exit pop-up: asking \"Exit\" for scene 1", asked + 1), 0) << run.log;
+  EXPECT_FALSE(run.Contains("Exit pop-up: no")) << run.log;
+  ExpectYesEndsTheTitle(run, asked);
+  EXPECT_GT(run.frames, home + 60);
+  EXPECT_LT(run.frames, limit) << run.result.out;
+  EXPECT_EQ(MissingSounds(run), std::vector<std::string>{}) << run.log;
 }
 
 TEST_F(ExitRun, ProgressSurvivesARestart) {
