@@ -7,7 +7,7 @@
 #include <map>
 
 #include "../save/SaveEnvironment.h"
-#include "scenes/Scene.h"
+#include "../shell/SceneManagerTestSupport.h"
 #include "shell/GameSceneManager.h"
 
 namespace {
@@ -16,60 +16,23 @@ using game::GameSceneData;
 using game::GameSceneManager;
 using noxfw::ExitReason;
 
-class ProbeView : public nox::Window {
+// Stands in for the menus' selection.
+class ChoosingSceneManager : public shelltest::ProbeSceneManager {
  public:
-  void Draw() override {}
-};
-
-class ProbeScene : public nox::Scene {
- public:
-  unsigned long GetNumViews() const override { return 1; }
-  nox::Window* GetView(unsigned long index) const override {
-    return index == 0 ? const_cast<ProbeView*>(&m_View) : nullptr;
-  }
-
- private:
-  ProbeView m_View;
-};
-
-// Builds a plain scene wherever the game has none yet, and stands in for the menus'
-// selection.
-class ProbeSceneManager : public GameSceneManager {
- public:
-  bool CreateScene(unsigned long id) override {
-    if (GameSceneManager::CreateScene(id)) return true;
-    SetScene(new ProbeScene());
-    EnterScene();
-    return true;
-  }
   unsigned long GetMenuSelection() const override { return selection; }
   unsigned long selection = 0;
 };
 
-class GameScenesTest : public savetest::SaveEnvironment {
+class GameScenesTest
+    : public shelltest::SceneManagerFixture<savetest::SaveEnvironment, ChoosingSceneManager> {
  protected:
-  void SetUp() override {
-    SaveEnvironment::SetUp();
+  void PrepareScenes() override {
     Save().ResetData();
     nox::Settings* s = nox::Settings::s_pSettings;
     s->RegisterBool("Erase Save Game", false, "2.Debug", nullptr);
     s->RegisterBool("Unlock All Adventure Zones", false, "A0.Adventure", nullptr);
     s->RegisterBool("Activate Quest Cheats", false, "!Quests", nullptr);
     s->RegisterBool("Automatically Complete Minigames", false, "!Quests", nullptr);
-    m_pScenes = new ProbeSceneManager();
-    noxfw::SceneManager::sm_pInstance = m_pScenes;
-  }
-  void TearDown() override {
-    GameSceneManager::Destroy();
-    SaveEnvironment::TearDown();
-  }
-  void Settle() {
-    for (int i = 0; i < 100 && m_pScenes->IsChangingScene(); ++i) m_pScenes->Update(20);
-  }
-  void GoTo(unsigned long id) {
-    m_pScenes->SetSceneData(m_pScenes->GetSceneDataFromTable(id));
-    ASSERT_TRUE(m_pScenes->CreateCurrScene());
-    Settle();
   }
   unsigned long Change(ExitReason::eExitReason reason) {
     m_pScenes->DoneScene(reason);
@@ -89,8 +52,6 @@ class GameScenesTest : public savetest::SaveEnvironment {
     return m_pScenes->GetNextScene(reason).id;
   }
   std::map<unsigned long, const noxfw::SceneData*> Rows() const { return m_pScenes->GetSceneTable(); }
-
-  ProbeSceneManager* m_pScenes = nullptr;
 };
 
 TEST_F(GameScenesTest, SettingsOpenedFromAnySceneReturnsToThatScene) {

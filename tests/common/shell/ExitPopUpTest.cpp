@@ -9,91 +9,49 @@
 #include <list>
 
 #include "../../framework/menu/MenuTestSupport.h"
+#include "SceneManagerTestSupport.h"
 #include "menu/Button.h"
 #include "ostra/AppInterface.h"
 #include "scenes/NisScene.h"
-#include "scenes/Scene.h"
 #include "shell/DappletSoftButtons.h"
 #include "shell/GameExitPopUp.h"
 #include "shell/GameSceneManager.h"
-#include "shell/GameTitle.h"
 
 namespace {
 
 using game::GameExitPopUp;
 using game::GameSceneManager;
 
-class ProbeView : public nox::Window {
- public:
-  void Draw() override {}
-};
-
-class ProbeScene : public nox::Scene {
- public:
-  unsigned long GetNumViews() const override { return 1; }
-  nox::Window* GetView(unsigned long index) const override {
-    return index == 0 ? const_cast<ProbeView*>(&m_View) : nullptr;
-  }
-
- private:
-  ProbeView m_View;
-};
-
-// Builds a plain scene wherever the game has none yet, and a bare cut-scene for the
-// first activity's intro.
-class ProbeSceneManager : public GameSceneManager {
- public:
-  bool CreateScene(unsigned long id) override {
-    if (GameSceneManager::CreateScene(id)) return true;
-    if (id == 20) {
-      SetScene(new noxfw::NisScene());
-    } else {
-      SetScene(new ProbeScene());
-    }
-    EnterScene();
-    return true;
-  }
-};
-
-// The title's input step alone, so that what it did can be seen before the update.
-class InputTitle : public game::GameTitle {
- public:
-  void Input() {
-    Hollin::Ostra::CKernelMPI().TaskSleep(17);
-    HandleInput();
+// A bare cut-scene for the first activity's intro, a plain scene elsewhere.
+class IntroSceneManager : public shelltest::ProbeSceneManager {
+ protected:
+  nox::Scene* MakeProbe(unsigned long id) override {
+    return id == 20 ? new noxfw::NisScene() : ProbeSceneManager::MakeProbe(id);
   }
 };
 
 // Where the test art puts the two answers: drawn where they sit, as the title's are.
 const int kYesX = 150, kNoX = 290, kButtonY = 160;
 
-class ExitPopUpTest : public menutest::WidgetTest {
+class ExitPopUpTest : public shelltest::SceneManagerFixture<menutest::WidgetTest, IntroSceneManager> {
  protected:
-  void SetUp() override {
-    WidgetTest::SetUp();
+  void PrepareScenes() override {
     WriteButton("YesButton", 60, 40, kYesX - 30, kButtonY - 20);
     WriteButton("NoButton", 60, 40, kNoX - 30, kButtonY - 20);
     WriteButton(game::DappletSoftButtons::kHomeSprite, 44, 44, 4, 4);
     CAppManager::Instance()->ClearPopRequest();
-    m_pScenes = new ProbeSceneManager();
-    noxfw::SceneManager::sm_pInstance = m_pScenes;
   }
   void TearDown() override {
-    GameSceneManager::Destroy();
+    SceneManagerFixture::TearDown();
     CAppManager::Instance()->ClearPopRequest();
-    WidgetTest::TearDown();
   }
+  void Step() override { Run(1); }
   // Frames of the title's windows and scenes until nothing is left to do.
   void Run(int frames = 30) {
     for (int i = 0; i < frames; ++i) {
       Frame();
       m_pScenes->Update(17);
     }
-  }
-  void GoTo(unsigned long id) {
-    m_pScenes->SetSceneData(m_pScenes->GetSceneDataFromTable(id));
-    ASSERT_TRUE(m_pScenes->CreateCurrScene());
-    for (int i = 0; i < 100 && m_pScenes->IsChangingScene(); ++i) Run(1);
   }
   void TapAt(int x, int y) {
     Touch(true, x, y);
@@ -102,8 +60,6 @@ class ExitPopUpTest : public menutest::WidgetTest {
     Frame();
   }
   GameExitPopUp& PopUp() { return m_pScenes->GetExitPopUp(); }
-
-  ProbeSceneManager* m_pScenes = nullptr;
 };
 
 TEST_F(ExitPopUpTest, EachTargetHasItsTextAndVoiceAndTheMicromodsAreNotSpokenTo) {
@@ -141,7 +97,7 @@ TEST_F(ExitPopUpTest, TheTargetFollowsTheSceneAndThePlayMode) {
 }
 
 TEST_F(ExitPopUpTest, HomeInPlayAsksOverThePausedSceneAndNoGoesBackToIt) {
-  InputTitle title;
+  shelltest::InputTitle title;
   GoTo(13);
   Touch(true, 20, 20);  // the soft Home button
   title.Input();
@@ -206,7 +162,7 @@ TEST_F(ExitPopUpTest, NoQuestionWhileTheSceneChangesOrOneIsUp) {
   m_pScenes->DoneScene(noxfw::ExitReason::Back);
   EXPECT_FALSE(m_pScenes->ExitPrompt());
   EXPECT_FALSE(m_pScenes->IsExitPopUpOpen());
-  for (int i = 0; i < 100 && m_pScenes->IsChangingScene(); ++i) Run(1);
+  Settle();
   ASSERT_TRUE(m_pScenes->ExitPrompt());
   EXPECT_FALSE(m_pScenes->ExitPrompt());
   const std::list<nox::Window*>& overlays = nox::WindowManager::Get()->GetOverlays();

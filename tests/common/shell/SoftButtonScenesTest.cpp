@@ -8,83 +8,29 @@
 #include <vector>
 
 #include "../../framework/menu/MenuTestSupport.h"
+#include "SceneManagerTestSupport.h"
 #include "menu/Button.h"
-#include "scenes/Scene.h"
 #include "shell/DappletSoftButtons.h"
 #include "shell/GameExitPopUp.h"
-#include "shell/GameSceneManager.h"
-#include "shell/GameTitle.h"
 
 namespace {
 
 using game::DappletSoftButtons;
-using game::GameSceneManager;
 
-class ProbeView : public nox::Window {
- public:
-  void Draw() override {}
-};
-
-class ProbeScene : public nox::Scene {
- public:
-  unsigned long GetNumViews() const override { return 1; }
-  nox::Window* GetView(unsigned long index) const override {
-    return index == 0 ? const_cast<ProbeView*>(&m_View) : nullptr;
-  }
-
- private:
-  ProbeView m_View;
-};
-
-// Builds a plain scene wherever the game has none yet.
-class ProbeSceneManager : public GameSceneManager {
- public:
-  bool CreateScene(unsigned long id) override {
-    if (GameSceneManager::CreateScene(id)) return true;
-    SetScene(new ProbeScene());
-    EnterScene();
-    return true;
-  }
-};
-
-// The title's input step alone, so that what it did can be seen before the update.
-class InputTitle : public game::GameTitle {
- public:
-  void Input() {
-    Hollin::Ostra::CKernelMPI().TaskSleep(17);
-    HandleInput();
-  }
-};
-
-class SoftButtonScenesTest : public menutest::WidgetTest {
+class SoftButtonScenesTest : public shelltest::SceneManagerFixture<menutest::WidgetTest> {
  protected:
-  void SetUp() override {
-    WidgetTest::SetUp();
+  void PrepareScenes() override {
     // Drawn where they sit, as the title's art is: Home top left, Hint top right.
     WriteButton(DappletSoftButtons::kHomeSprite, 44, 44, 4, 4);
     WriteButton(DappletSoftButtons::kHintSprite, 44, 44, 432, 4);
-    m_pScenes = new ProbeSceneManager();
-    noxfw::SceneManager::sm_pInstance = m_pScenes;
   }
-  void TearDown() override {
-    GameSceneManager::Destroy();
-    WidgetTest::TearDown();
-  }
-  void Settle() {
-    for (int i = 0; i < 100 && m_pScenes->IsChangingScene(); ++i) {
-      m_pScenes->Update(20);
-      nox::WindowManager::Get()->Update(20);
-    }
-  }
-  void GoTo(unsigned long id) {
-    m_pScenes->SetSceneData(m_pScenes->GetSceneDataFromTable(id));
-    ASSERT_TRUE(m_pScenes->CreateCurrScene());
-    Settle();
+  void Step() override {
+    m_pScenes->Update(20);
+    nox::WindowManager::Get()->Update(20);
   }
   DappletSoftButtons& Buttons() { return *m_pScenes->GetSoftButtons(); }
 
-  ProbeSceneManager* m_pScenes = nullptr;
-  InputTitle m_Title;
+  shelltest::InputTitle m_Title;
 };
 
 TEST_F(SoftButtonScenesTest, EachSceneShowsHomeAndHintByItsKind) {
