@@ -55,7 +55,7 @@ class ActivityPickerTest : public shelltest::ShellMenuTest {
     idle.frames.push_back({{0u, "sky"}});
     idle.points.push_back({"Origin", {{false, 0, 0}}});
     for (int i = 0; i < ActivityStars::kNumStars; ++i) {
-      char name[8];
+      char name[16];
       snprintf(name, sizeof(name), "Star%02d", i + 1);
       idle.points.push_back({name, {{false, StarX(i), kStarY - 11}}});
     }
