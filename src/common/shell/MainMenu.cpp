@@ -2,8 +2,11 @@
 
 #include <cstring>
 
+#include "core/Settings.h"
 #include "input/Input.h"
 #include "menu/Button.h"
+#include "save/GameBadge.h"
+#include "save/GameSaveGame.h"
 #include "scenes/ExitReason.h"
 #include "sequencer/SoundSeqItems.h"
 #include "shell/DoneSceneSeqItem.h"
@@ -27,6 +30,11 @@ const uint32_t kHintBit = 0x200;
 
 bool Says(const char* voice) {
   return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
+}
+
+bool AllBadgesSetting() {
+  nox::Settings* settings = nox::Settings::s_pSettings;
+  return settings && settings->GetBoolValue("Award All Badges");
 }
 
 uint32_t TriggeredPadButtons() {
@@ -79,7 +87,21 @@ void MainMenu::Open() {
   noxfw::Menu::Open();
   SetVisible(true);
   m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
+  if (CheckBadges()) {
+    m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("SFX_BadgeVictory", kMenuCategory));
+  }
   QueueVoice(m_IntroVoice.c_str());
+}
+
+bool MainMenu::CheckBadges() {
+  GameSaveGame* save = GameSaveGame::s_pSaveGame;
+  if (!save || save->GetCurrentZone() != kLastZone || AllBadgesSetting()) return false;
+  for (int badge = 0; badge < GameBadge::eBadgeCount; ++badge) {
+    if (!save->GetData_Badge(badge)) return false;
+  }
+  // Straight to the game's rule rather than through the scene manager, which does the
+  // same but does not say whether the achievement was new.
+  return GameBadge::AwardAchievement(GameBadge::kAllBadgesAchievement);
 }
 
 void MainMenu::Update(unsigned long ms) {

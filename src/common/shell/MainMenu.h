@@ -4,7 +4,9 @@
 //
 // It speaks: the greeting on opening (again on the hint key), the name of a button
 // reached with the pad, the name of the chosen button between its click and the
-// scene's end, and the reminder after a while without a touch.
+// scene's end, and the reminder after a while without a touch. Opened for a player in
+// the last zone who holds every badge, it gives the achievement for all badges once,
+// cheering before the greeting.
 //
 // A menu window shown by a noxfw::SimpleScene; the scene manager owns it. Its script
 // (the prompt on opening, the click and voice of a choice, the scene's end) runs on
@@ -47,6 +49,8 @@ class MainMenu : public noxfw::Menu {
 
   // What button `index` (a ButtonIndex) is called aloud; "NONE" out of range.
   static const char* GetButtonVoice(int index);
+  // The save game's zone in which the menu checks the badges on opening.
+  static const int kLastZone = 4;
 
   bool IsFirstVisit() const { return m_bFirst; }
   bool HasNewBadge() const { return m_bNewBadge; }
@@ -57,6 +61,9 @@ class MainMenu : public noxfw::Menu {
  private:
   // A waiting step in the speech category; "NONE" or empty queues nothing.
   void QueueVoice(const char* voice);
+  // In the last zone, unless "Award All Badges" is on: with every badge in the save
+  // game, the achievement for all badges. True when it was awarded now.
+  bool CheckBadges();
 
   noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kButtonCount];  // owned by the menu, by ButtonIndex - 1

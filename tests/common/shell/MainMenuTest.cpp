@@ -1,7 +1,8 @@
 // The main menu's voice: the greeting and the reminder after a quiet while, each
 // choice clicking and naming its button before the scene ends, the pad's moves naming
 // the button they reach, the hint key greeting again, a paused menu holding its
-// script, and a menu given no voices that only clicks.
+// script, a menu given no voices that only clicks, and the achievement for all badges
+// given on opening in the last zone.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "ShellMenuTestSupport.h"
 #include "menu/Button.h"
+#include "save/GameBadge.h"
 #include "sequencer/SoundSeqItems.h"
 #include "shell/DoneSceneSeqItem.h"
 #include "shell/InactivityPrompt.h"
@@ -193,6 +195,32 @@ TEST_F(MainMenuTest, AMenuGivenNoVoicesOnlyClicks) {
   EXPECT_TRUE(TakeSounds().empty());
   PadDown(kHint);
   EXPECT_EQ(Script(), Sounds{"h_OSTM_HintButtonSfx_6"});
+}
+
+TEST_F(MainMenuTest, InTheLastZoneWithEveryBadgeOpeningGivesTheAchievementOnceWithACheer) {
+  using game::GameBadge;
+  const Sounds greeting = {"h_OSTM_PromptSfx_6", "KDNA0001"};
+  Block().currentZone = MainMenu::kLastZone;
+  // One badge short, another zone, or the badges given by the setting: the greeting.
+  for (int badge = 0; badge < GameBadge::eBadgeAllBadges; ++badge) Save().SetData_Badge(badge, true);
+  Show();
+  EXPECT_EQ(TakeSounds(), greeting);
+  Save().SetData_Badge(GameBadge::eBadgeAllBadges, true);
+  SetBool("Award All Badges", true);
+  Show();
+  EXPECT_EQ(TakeSounds(), greeting);
+  SetBool("Award All Badges", false);
+  Block().currentZone = MainMenu::kLastZone - 1;
+  Show();
+  EXPECT_EQ(TakeSounds(), greeting);
+  EXPECT_FALSE(Save().GetStoryFlag(GameBadge::kAllBadgesAchievement));
+
+  Block().currentZone = MainMenu::kLastZone;
+  Show();
+  EXPECT_EQ(TakeSounds(), (Sounds{"h_OSTM_PromptSfx_6", "SFX_BadgeVictory", "KDNA0001"}));
+  EXPECT_TRUE(Save().GetStoryFlag(GameBadge::kAllBadgesAchievement));
+  Show();
+  EXPECT_EQ(TakeSounds(), greeting);
 }
 
 }  // namespace
