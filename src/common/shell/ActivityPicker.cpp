@@ -1,7 +1,6 @@
 #include "shell/ActivityPicker.h"
 
 #include <cstdio>
-#include <cstring>
 
 #include "core/Settings.h"
 #include "graphics/Screen.h"
@@ -14,6 +13,7 @@
 #include "scenes/ExitReason.h"
 #include "sequencer/SeqBuild.h"
 #include "shell/DoneSceneSeqItem.h"
+#include "sound/PlayCopy.h"
 
 namespace game {
 
@@ -40,10 +40,6 @@ const int kStarDrop = 11;
 const unsigned long kMenuCategory = 8;
 const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
-
-bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
-}
 
 }  // namespace
 
@@ -158,7 +154,7 @@ void ActivityPicker::StopScript() {
 }
 
 void ActivityPicker::QueueVoice(const char* voice) {
-  if (Says(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
+  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
 }
 
 void ActivityPicker::Open() {

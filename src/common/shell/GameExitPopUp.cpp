@@ -1,6 +1,5 @@
 #include "shell/GameExitPopUp.h"
 
-#include <cstring>
 
 #include "core/Debug.h"
 #include "core/HashString.h"
@@ -18,8 +17,8 @@
 #include "sequencer/SoundSeqItems.h"
 #include "shell/DoneSceneSeqItem.h"
 #include "shell/GameSceneManager.h"
+#include "sound/PlayCopy.h"
 #include "sound/SoundManager.h"
-#include "sound/StreamingSound.h"
 
 namespace game {
 
@@ -60,14 +59,6 @@ const char* const kNoPoint = "NoButton";
 // The activities' intros and outros, which close before the scene ends.
 bool IsIntroOrOutro(unsigned long id) {
   return id >= 20 && id <= 27;
-}
-
-void PlayCopy(const char* name, uint32_t category) {
-  nox::SoundManager* sound = nox::SoundManager::sm_pInstance;
-  if (!sound) return;
-  nox::StreamingSound effect;
-  effect.Load(name);
-  sound->Play(&effect, category, true);
 }
 
 }  // namespace
@@ -131,7 +122,7 @@ void GameExitPopUp::ExitPrompt(unsigned long target) {
   // The effect rings on while the narrator asks.
   m_Sequencer.AppendItem(
       new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kConfirmCategory, 0, true));
-  if (strcmp(question.voice, "NONE") != 0) {
+  if (IsSpoken(question.voice)) {
     m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(question.voice, kSpeechCategory));
   }
 }

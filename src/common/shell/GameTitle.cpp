@@ -12,8 +12,8 @@
 #include "save/GameSaveGame.h"
 #include "shell/GameSceneManager.h"
 #include "sound/GameSoundManager.h"
+#include "sound/PlayCopy.h"
 #include "sound/SoundManager.h"
-#include "sound/StreamingSound.h"
 
 namespace game {
 
@@ -84,14 +84,6 @@ bool SoftHomeGoesBack(unsigned long id) {
          id == kSceneZonePicker || id == kSceneMusicPlayer;
 }
 
-void PlayStockSound(const char* name, uint32_t category) {
-  nox::SoundManager* sound = nox::SoundManager::sm_pInstance;
-  if (!sound) return;
-  nox::StreamingSound effect;
-  effect.Load(name);
-  sound->Play(&effect, category, true);
-}
-
 }  // namespace
 
 void GameTitle::HandleInput() {
@@ -109,17 +101,17 @@ void GameTitle::HandleInput() {
   const unsigned long id = scenes->GetSceneId();
   if (home && AsksBeforeHome(id) && !m_bExitPopUpOpen) {
     scenes->TriggerHomeButton();
-    if (scenes->ExitPrompt()) PlayStockSound("h_OSTM_HomeSfx_6", 11);
+    if (scenes->ExitPrompt()) PlayCopy("h_OSTM_HomeSfx_6", 11);
   }
   if (home && id == kSceneMainMenu) {
     scenes->TriggerHomeButton();
     m_bExitFromMainMenu = true;
-    if (scenes->ExitPrompt()) PlayStockSound("h_OSTM_HomeSfx_6", 7);
+    if (scenes->ExitPrompt()) PlayCopy("h_OSTM_HomeSfx_6", 7);
   }
   m_bExitPopUpOpen = scenes->IsExitPopUpOpen();
   if (softHome && SoftHomeGoesBack(id)) {
     scenes->TriggerHomeButton();
-    PlayStockSound("h_OSTM_BackSfx_6", 11);
+    PlayCopy("h_OSTM_BackSfx_6", 11);
     scenes->DoneScene(noxfw::ExitReason::Back);
   }
 }

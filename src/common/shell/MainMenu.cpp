@@ -1,7 +1,5 @@
 #include "shell/MainMenu.h"
 
-#include <cstring>
-
 #include "core/Settings.h"
 #include "input/Input.h"
 #include "menu/Button.h"
@@ -10,6 +8,7 @@
 #include "scenes/ExitReason.h"
 #include "sequencer/SoundSeqItems.h"
 #include "shell/DoneSceneSeqItem.h"
+#include "sound/PlayCopy.h"
 
 namespace game {
 
@@ -27,10 +26,6 @@ const unsigned long kSpeechCategory = 1;
 // Pad bits: the directions and the shoulders move the focus; the hint key.
 const uint32_t kMoveBits = 0x1 | 0x2 | 0x4 | 0x8 | 0x40 | 0x80;
 const uint32_t kHintBit = 0x200;
-
-bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
-}
 
 bool AllBadgesSetting() {
   nox::Settings* settings = nox::Settings::s_pSettings;
@@ -80,7 +75,7 @@ const char* MainMenu::GetButtonVoice(int index) {
 }
 
 void MainMenu::QueueVoice(const char* voice) {
-  if (Says(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
+  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
 }
 
 void MainMenu::Open() {
@@ -132,7 +127,7 @@ bool MainMenu::HandleInput() {
     // What was being said gives way: the child is choosing now.
     m_Sequencer.Empty();
     m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_DefaultClickSfx_6", kMenuCategory));
-    if (moved && Says(GetButtonVoice(GetSelectedId()))) {
+    if (moved && IsSpoken(GetButtonVoice(GetSelectedId()))) {
       // A copy that plays on by itself, so the next move can cut in at once.
       m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(GetButtonVoice(GetSelectedId()),
                                                                   kSpeechCategory, 0, true, 100));

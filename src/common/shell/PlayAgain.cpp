@@ -1,12 +1,11 @@
 #include "shell/PlayAgain.h"
 
-#include <cstring>
-
 #include "input/Input.h"
 #include "menu/Button.h"
 #include "scenes/ExitReason.h"
 #include "sequencer/SoundSeqItems.h"
 #include "shell/DoneSceneSeqItem.h"
+#include "sound/PlayCopy.h"
 
 namespace game {
 
@@ -21,10 +20,6 @@ const char* const kButtonPoints[PlayAgain::kButtonCount] = {"YesButton", "NoButt
 const unsigned long kMenuCategory = 8;
 const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
-
-bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
-}
 
 }  // namespace
 
@@ -52,7 +47,7 @@ noxfw::Button* PlayAgain::GetButton(ButtonIndex index) const {
 }
 
 void PlayAgain::QueueVoice(const char* voice) {
-  if (Says(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
+  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
 }
 
 void PlayAgain::Open() {

@@ -1,7 +1,6 @@
 #include "shell/ZonePicker.h"
 
 #include <cstdio>
-#include <cstring>
 
 #include "core/HashString.h"
 #include "core/Settings.h"
@@ -13,6 +12,7 @@
 #include "scenes/ExitReason.h"
 #include "sequencer/SeqBuild.h"
 #include "shell/DoneSceneSeqItem.h"
+#include "sound/PlayCopy.h"
 
 namespace game {
 
@@ -39,10 +39,6 @@ const unsigned long kTextCapacity = 80;
 bool Setting(const char* name) {
   const nox::Settings* settings = nox::Settings::s_pSettings;
   return settings && settings->GetBoolValue(name);
-}
-
-bool Says(const char* voice) {
-  return voice && voice[0] != '\0' && strcmp(voice, "NONE") != 0;
 }
 
 }  // namespace
@@ -164,7 +160,7 @@ bool ZonePicker::IsChoiceShown() {
 }
 
 void ZonePicker::QueueVoice(const char* voice) {
-  if (Says(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
+  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
 }
 
 void ZonePicker::Open() {

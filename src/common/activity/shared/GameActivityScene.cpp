@@ -8,8 +8,8 @@
 #include "graphics/WindowManager.h"
 #include "sequencer/AnimSeqItems.h"
 #include "shell/GameSceneManager.h"
+#include "sound/PlayCopy.h"
 #include "sound/SoundManager.h"
-#include "sound/StreamingSound.h"
 
 namespace game {
 
@@ -130,11 +130,7 @@ void GameActivityScene::StylusTapScreen() {
 }
 
 void GameActivityScene::PlayClick() {
-  nox::SoundManager* sounds = nox::SoundManager::sm_pInstance;
-  if (!sounds) return;
-  nox::StreamingSound click;
-  click.Load(kClickSound);
-  sounds->Play(&click, kClickCategory, true);
+  PlayCopy(kClickSound, kClickCategory);
 }
 
 void GameActivityScene::PressedA() {
