@@ -17,7 +17,7 @@
 
 namespace game {
 
-NOX_RTTI_DEFINE(ActivityPicker, noxfw::Menu);
+NOX_RTTI_DEFINE(ActivityPicker, GameMenu);
 
 namespace {
 
@@ -37,16 +37,12 @@ const nox::NameHash kHotspot = nox::HashString("Hotspot0");
 // A star sits this far below its point.
 const int kStarDrop = 11;
 
-const unsigned long kMenuCategory = 8;
-const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
 
 }  // namespace
 
 ActivityPicker::ActivityPicker(const char* introVoice, const char* repeatVoice)
-    : noxfw::Menu("M2_Background", nullptr),
-      m_IntroVoice(introVoice ? introVoice : "NONE"),
-      m_RepeatVoice(repeatVoice ? repeatVoice : "NONE") {
+    : GameMenu("M2_Background", nullptr, introVoice, repeatVoice) {
   for (int i = 0; i < kButtonCount; ++i) m_pButtons[i] = CreateButton(kButtonSprites[i]);
   noxfw::Button* archery = m_pButtons[kArchery - 1];
   noxfw::Button* riding = m_pButtons[kRiding - 1];
@@ -153,20 +149,14 @@ void ActivityPicker::StopScript() {
   TurnOnStarFlashLoop(false);
 }
 
-void ActivityPicker::QueueVoice(const char* voice) {
-  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
-}
-
 void ActivityPicker::Open() {
-  noxfw::Menu::Open();
-  SetVisible(true);
+  OpenWithPrompt();
   uint32_t shown = 0;
   for (int i = 0; i < ActivityStars::kNumStars; ++i) {
     if (m_bGold[i]) shown |= 1u << i;
   }
   // Stars earned since the picker was last open flash through the greeting.
   const bool celebrate = ActivityStars::TakeNewlyEarned(shown) != 0;
-  m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
   if (celebrate) {
     noxfw::SeqClassFuncWithParam<ActivityPicker, bool, &ActivityPicker::TurnOnStarFlashLoop>(m_Sequencer,
                                                                                              this, true);
@@ -176,14 +166,6 @@ void ActivityPicker::Open() {
     noxfw::SeqClassFuncWithParam<ActivityPicker, bool, &ActivityPicker::TurnOnStarFlashLoop>(m_Sequencer,
                                                                                              this, false);
   }
-}
-
-void ActivityPicker::Update(unsigned long ms) {
-  // A paused menu (under the exit pop-up) holds its script with its sounds.
-  if (!IsPaused()) m_Sequencer.Update(ms);
-  noxfw::Menu::Update(ms);
-  const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
-  if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());
 }
 
 int ActivityPicker::FindStar(const nox::Vector2& point) const {

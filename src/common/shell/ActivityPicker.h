@@ -14,10 +14,8 @@
 
 #include "core/HashString.h"
 #include "core/Vector2.h"
-#include "menu/Menu.h"
-#include "sequencer/Sequencer.h"
 #include "shell/ActivityStars.h"
-#include "shell/InactivityPrompt.h"
+#include "shell/GameMenu.h"
 #include "shell/M2Dialogue.h"
 
 namespace nox {
@@ -26,7 +24,7 @@ class TileAnimation;
 
 namespace game {
 
-class ActivityPicker : public noxfw::Menu {
+class ActivityPicker : public GameMenu {
   NOX_RTTI_DECLARE
 
  public:
@@ -37,7 +35,6 @@ class ActivityPicker : public noxfw::Menu {
   ~ActivityPicker() override;
 
   void Open() override;
-  void Update(unsigned long ms) override;
   // Stars are hit before the buttons; a touched star is said at once.
   bool HandleInput() override;
   void Activate() override;
@@ -63,24 +60,16 @@ class ActivityPicker : public noxfw::Menu {
   nox::TileAnimation* GetStar(int star) const;
   bool IsStarGold(int star) const;
   noxfw::Button* GetActivityButton(int index) const;
-  noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
-  const std::string& GetIntroVoice() const { return m_IntroVoice; }
-  const std::string& GetRepeatVoice() const { return m_RepeatVoice; }
 
  private:
   void FlashStar(int star);
   void StillStar(int star);
   // Empties the script and puts every star back to rest.
   void StopScript();
-  void QueueVoice(const char* voice);
 
-  noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kButtonCount];                      // owned by the menu, by ButtonIndex - 1
   nox::TileAnimation* m_pStars[ActivityStars::kNumStars] = {};  // owned; null without the star art
   bool m_bGold[ActivityStars::kNumStars] = {};
-  std::string m_IntroVoice;
-  std::string m_RepeatVoice;
-  InactivityPrompt m_Prompt;
 };
 
 }  // namespace game

@@ -12,7 +12,7 @@
 
 namespace game {
 
-NOX_RTTI_DEFINE(MainMenu, noxfw::Menu);
+NOX_RTTI_DEFINE(MainMenu, GameMenu);
 
 namespace {
 
@@ -21,8 +21,6 @@ const char* const kButtonSprites[MainMenu::kButtonCount] = {
     "M1_ActivityButton", "M1_AdventureModeButton", "M1_MicroModButton", "M1_BadgeButton", "M1_JournalButton"};
 static_assert(M1Dialogue::kButtonVoiceCount == MainMenu::kButtonCount, "one name per button");
 
-const unsigned long kMenuCategory = 8;
-const unsigned long kSpeechCategory = 1;
 // Pad bits: the directions and the shoulders move the focus; the hint key.
 const uint32_t kMoveBits = 0x1 | 0x2 | 0x4 | 0x8 | 0x40 | 0x80;
 const uint32_t kHintBit = 0x200;
@@ -41,9 +39,7 @@ uint32_t TriggeredPadButtons() {
 
 MainMenu::MainMenu(bool first, bool newBadge, bool newDownloads, bool newDrawing, const char* introVoice,
                    const char* repeatVoice)
-    : noxfw::Menu("M1_Background", "HNCurry"),
-      m_IntroVoice(introVoice ? introVoice : "NONE"),
-      m_RepeatVoice(repeatVoice ? repeatVoice : "NONE"),
+    : GameMenu("M1_Background", "HNCurry", introVoice, repeatVoice),
       m_bFirst(first),
       m_bNewBadge(newBadge),
       m_bNewDownloads(newDownloads),
@@ -74,14 +70,8 @@ const char* MainMenu::GetButtonVoice(int index) {
   return index >= 1 && index <= kButtonCount ? M1Dialogue::kButtonVoices[index - 1] : "NONE";
 }
 
-void MainMenu::QueueVoice(const char* voice) {
-  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
-}
-
 void MainMenu::Open() {
-  noxfw::Menu::Open();
-  SetVisible(true);
-  m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
+  OpenWithPrompt();
   if (CheckBadges()) {
     m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("SFX_BadgeVictory", kMenuCategory));
   }
@@ -97,14 +87,6 @@ bool MainMenu::CheckBadges() {
   // Straight to the game's rule rather than through the scene manager, which does the
   // same but does not say whether the achievement was new.
   return GameBadge::AwardAchievement(GameBadge::kAllBadgesAchievement);
-}
-
-void MainMenu::Update(unsigned long ms) {
-  // A paused menu (under the exit pop-up) holds its script with its sounds.
-  if (!IsPaused()) m_Sequencer.Update(ms);
-  noxfw::Menu::Update(ms);
-  const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
-  if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());
 }
 
 bool MainMenu::HandleInput() {

@@ -14,14 +14,12 @@
 #pragma once
 #include <string>
 
-#include "menu/Menu.h"
-#include "sequencer/Sequencer.h"
-#include "shell/InactivityPrompt.h"
+#include "shell/GameMenu.h"
 #include "shell/M1Dialogue.h"
 
 namespace game {
 
-class MainMenu : public noxfw::Menu {
+class MainMenu : public GameMenu {
   NOX_RTTI_DECLARE
 
  public:
@@ -41,7 +39,6 @@ class MainMenu : public noxfw::Menu {
   ~MainMenu() override;
 
   void Open() override;
-  void Update(unsigned long ms) override;
   // The framework's flow, then the pad's sounds: a move clicks and a new focus says
   // the button's name; the hint key says the greeting again.
   bool HandleInput() override;
@@ -56,20 +53,13 @@ class MainMenu : public noxfw::Menu {
   bool HasNewBadge() const { return m_bNewBadge; }
   bool HasNewDownloads() const { return m_bNewDownloads; }
   bool HasNewDrawing() const { return m_bNewDrawing; }
-  noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
 
  private:
-  // A waiting step in the speech category; "NONE" or empty queues nothing.
-  void QueueVoice(const char* voice);
   // In the last zone, unless "Award All Badges" is on: with every badge in the save
   // game, the achievement for all badges. True when it was awarded now.
   bool CheckBadges();
 
-  noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kButtonCount];  // owned by the menu, by ButtonIndex - 1
-  std::string m_IntroVoice;
-  std::string m_RepeatVoice;
-  InactivityPrompt m_Prompt;
   bool m_bFirst;
   bool m_bNewBadge;
   bool m_bNewDownloads;

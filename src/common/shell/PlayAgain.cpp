@@ -9,7 +9,7 @@
 
 namespace game {
 
-NOX_RTTI_DEFINE(PlayAgain, noxfw::Menu);
+NOX_RTTI_DEFINE(PlayAgain, GameMenu);
 
 namespace {
 
@@ -17,16 +17,12 @@ const char* const kButtonSprites[PlayAgain::kButtonCount] = {"YesButton", "NoBut
 // The background's points where the buttons stand, by ButtonIndex - 1.
 const char* const kButtonPoints[PlayAgain::kButtonCount] = {"YesButton", "NoButton"};
 
-const unsigned long kMenuCategory = 8;
-const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
 
 }  // namespace
 
 PlayAgain::PlayAgain(const char* introVoice, const char* repeatVoice)
-    : noxfw::Menu("M5_Background", nullptr),
-      m_IntroVoice(introVoice ? introVoice : "NONE"),
-      m_RepeatVoice(repeatVoice ? repeatVoice : "NONE") {
+    : GameMenu("M5_Background", nullptr, introVoice, repeatVoice) {
   for (int i = 0; i < kButtonCount; ++i) {
     m_pButtons[i] = CreateButton(kButtonSprites[i]);
     PlaceButton(m_pButtons[i], kButtonPoints[i]);
@@ -46,23 +42,9 @@ noxfw::Button* PlayAgain::GetButton(ButtonIndex index) const {
   return index >= 1 && index <= kButtonCount ? m_pButtons[index - 1] : nullptr;
 }
 
-void PlayAgain::QueueVoice(const char* voice) {
-  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
-}
-
 void PlayAgain::Open() {
-  noxfw::Menu::Open();
-  SetVisible(true);
-  m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
+  OpenWithPrompt();
   QueueVoice(m_IntroVoice.c_str());
-}
-
-void PlayAgain::Update(unsigned long ms) {
-  // A paused menu (under the exit pop-up) holds its script with its sounds.
-  if (!IsPaused()) m_Sequencer.Update(ms);
-  noxfw::Menu::Update(ms);
-  const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
-  if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());
 }
 
 bool PlayAgain::HandleInput() {

@@ -8,15 +8,13 @@
 #pragma once
 #include <string>
 
-#include "menu/Menu.h"
 #include "scenes/ExitReason.h"
-#include "sequencer/Sequencer.h"
-#include "shell/InactivityPrompt.h"
+#include "shell/GameMenu.h"
 #include "shell/M5Dialogue.h"
 
 namespace game {
 
-class PlayAgain : public noxfw::Menu {
+class PlayAgain : public GameMenu {
   NOX_RTTI_DECLARE
 
  public:
@@ -26,24 +24,17 @@ class PlayAgain : public noxfw::Menu {
   ~PlayAgain() override;
 
   void Open() override;
-  void Update(unsigned long ms) override;
   bool HandleInput() override;
   void Activate() override;
   void Back() override;
 
   noxfw::Button* GetButton(ButtonIndex index) const;
-  noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
 
  private:
   // Click, then the scene's end with `reason`; input stays locked from here on.
   void Answer(const char* click, noxfw::ExitReason::eExitReason reason);
-  void QueueVoice(const char* voice);
 
-  noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kButtonCount];  // owned by the menu, by ButtonIndex - 1
-  std::string m_IntroVoice;
-  std::string m_RepeatVoice;
-  InactivityPrompt m_Prompt;
 };
 
 }  // namespace game

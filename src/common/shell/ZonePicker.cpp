@@ -16,7 +16,7 @@
 
 namespace game {
 
-NOX_RTTI_DEFINE(ZonePicker, noxfw::Menu);
+NOX_RTTI_DEFINE(ZonePicker, GameMenu);
 
 namespace {
 
@@ -30,8 +30,6 @@ const nox::NameHash kStar = nox::HashString("Star");
 // The story's last quest record; its complete byte ends the story.
 const int kLastQuest = 4 * (kZoneCount - 1) + 3;
 
-const unsigned long kMenuCategory = 8;
-const unsigned long kSpeechCategory = 1;
 const uint32_t kHomeBit = 0x100;
 // Glyphs of the five counts with room to spare ("4294967295/20" is 13).
 const unsigned long kTextCapacity = 80;
@@ -44,9 +42,7 @@ bool Setting(const char* name) {
 }  // namespace
 
 ZonePicker::ZonePicker(const char* introVoice, const char* repeatVoice)
-    : noxfw::Menu("M6_Background", "HNCurry"),
-      m_IntroVoice(introVoice ? introVoice : "NONE"),
-      m_RepeatVoice(repeatVoice ? repeatVoice : "NONE") {
+    : GameMenu("M6_Background", "HNCurry", introVoice, repeatVoice) {
   for (int i = 0; i < kZoneCount; ++i) m_pButtons[i] = CreateButton(kZoneSprites[i]);
   noxfw::Button* const* z = m_pButtons;
   // The cards zigzag along the map's path: 1, 3 and 5 low, 2 and 4 high.
@@ -159,13 +155,8 @@ bool ZonePicker::IsChoiceShown() {
   return !card || button->GetState() != noxfw::Button::kActivate || card->IsAnimEnded();
 }
 
-void ZonePicker::QueueVoice(const char* voice) {
-  if (IsSpoken(voice)) m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem(voice, kSpeechCategory));
-}
-
 void ZonePicker::Open() {
-  noxfw::Menu::Open();
-  SetVisible(true);
+  OpenWithPrompt();
   const GameSaveGame* save = GameSaveGame::s_pSaveGame;
   const int current = save ? save->GetCurrentZone() : 0;
   noxfw::Button* button = m_pButtons[current];
@@ -173,17 +164,12 @@ void ZonePicker::Open() {
     button->SetState(noxfw::Button::kHighlight);
     MoveHighlight(current + 1);
   }
-  m_Sequencer.AppendItem(new noxfw::PlayStreamingSoundSeqItem("h_OSTM_PromptSfx_6", kMenuCategory));
   QueueVoice(GetOpeningVoice());
 }
 
 void ZonePicker::Update(unsigned long ms) {
-  // A paused menu (under the exit pop-up) holds its script with its sounds.
-  if (!IsPaused()) m_Sequencer.Update(ms);
-  noxfw::Menu::Update(ms);
+  GameMenu::Update(ms);
   if (!IsPaused()) m_Overlay.Update(ms);
-  const bool quiet = m_Sequencer.IsEmpty() && !IsInputLocked() && !IsPaused();
-  if (m_Prompt.Update(ms, quiet)) QueueVoice(m_RepeatVoice.c_str());
 }
 
 void ZonePicker::Draw() {

@@ -13,9 +13,7 @@
 
 #include "graphics/AnimationEngine.h"
 #include "graphics/TextSurface.h"
-#include "menu/Menu.h"
-#include "sequencer/Sequencer.h"
-#include "shell/InactivityPrompt.h"
+#include "shell/GameMenu.h"
 #include "shell/M6Dialogue.h"
 
 namespace nox {
@@ -24,7 +22,7 @@ class TileAnimation;
 
 namespace game {
 
-class ZonePicker : public noxfw::Menu {
+class ZonePicker : public GameMenu {
   NOX_RTTI_DECLARE
 
  public:
@@ -60,23 +58,17 @@ class ZonePicker : public noxfw::Menu {
   nox::TileAnimation* GetHighlight() const { return m_pHighlight; }
   // The button (1 to 5) the highlight stands on, 0 for none.
   int GetHighlightedZone() const { return m_HighlightIndex; }
-  noxfw::Sequencer& GetSequencer() { return m_Sequencer; }
 
  private:
   void MoveHighlight(int index);
   void ShowZoneName(int index);
   bool IsChoiceShown();
-  void QueueVoice(const char* voice);
 
-  noxfw::Sequencer m_Sequencer;
   noxfw::Button* m_pButtons[kZoneCount];       // owned by the menu, zone by zone
   nox::TileAnimation* m_pHighlight = nullptr;  // owned; null without its art
   nox::TextSurface m_RuneText;                 // the counts, screen-sized
   nox::AnimationEngine m_Overlay;              // the highlight and the counts, over the cards
   char m_RuneCounts[kZoneCount][12] = {};
-  std::string m_IntroVoice;
-  std::string m_RepeatVoice;
-  InactivityPrompt m_Prompt;
   int m_HighlightIndex = 0;
   int m_ChosenIndex = 0;
 };
